@@ -1,0 +1,352 @@
+#include "KVApplication.h"
+
+#include "private/KVApplication_p.h"
+#include "private/KVLog.h"
+
+#include <QDir>
+
+namespace {
+const char* const kRoleKeys[] = {
+    "Version",
+    "Language/Index",
+    "Theme/Path",
+    "ColorManagement/WorkingProfileID",
+    "ColorManagement/MissingPolicy",
+    "ColorManagement/EqualPolicy",
+    "ColorManagement/NotEqualPolicy",
+    "ColorManagement/ColorSpaceMismatchPolicy",
+    "MessagesAndConfirmationsSettings/ShowPNGCompressionSettings",
+    "MessagesAndConfirmationsSettings/ShowJPGCompressionSettings",
+    "MessagesAndConfirmationsSettings/ShowTIFFCompressionSettings",
+    "Save/PathOpen",
+    "Save/PathExport",
+    "SaveAs/Suffix",
+    "Batch/Path/Open",
+    "Batch/Path/Input",
+    "Batch/Path/Output",
+    "Colors/Background",
+    "Colors/Foreground",
+    "Colors/Mask/Background",
+    "Colors/Mask/Foreground",
+    "StartupWindow/Show",
+    "Miscellaneous/CheckForUpdate",
+    "Update/Remind",
+    "Update/RemindDate",
+    "TexturePatternIndex",
+    "ApplicationTemporaryPath",
+};
+constexpr int kRoleCount = int(sizeof(kRoleKeys) / sizeof(kRoleKeys[0]));
+static_assert(kRoleCount == KVApplication::ApplicationTemporaryPath + 1,
+              "every UseDataRole needs its key");
+
+const QString kIncompleteInfoStateKey = QStringLiteral("DocumentIO/IncompleteInfoState");
+
+template <typename Policy> Policy ReadPolicy(KVApplication::UseDataRole role, Policy defaultPolicy)
+{
+    return Policy(KVApplication::GetUserValue(role, int(defaultPolicy)).toInt());
+}
+
+bool ReadFlag(KVApplication::UseDataRole role)
+{
+    return KVApplication::GetUserValue(role, true).toBool();
+}
+
+QString ReadPath(KVApplication::UseDataRole role)
+{
+    return KVApplication::GetUserValue(role, QString()).toString();
+}
+} // namespace
+
+KVApplication::KVApplication(int& argc, char** argv)
+    : QApplication(argc, argv, ApplicationFlags)
+{
+    d = new Private(this);
+}
+
+KVApplication::~KVApplication()
+{
+    delete d;
+    d = nullptr;
+}
+
+KVApplication* KVApplication::GetInstance()
+{
+    return qobject_cast<KVApplication*>(QCoreApplication::instance());
+}
+
+QVariant KVApplication::GetUserValue(const QString& key, const QVariant& defaultValue)
+{
+    const Private* d = Private::Instance();
+    return d ? d->GetUserValue(key, defaultValue) : defaultValue;
+}
+
+QVariant KVApplication::GetUserValue(UseDataRole role, const QVariant& defaultValue)
+{
+    return GetUserValue(GetName(role), defaultValue);
+}
+
+void KVApplication::SetUserValue(const QString& key, const QVariant& value)
+{
+    if (Private* d = Private::Instance())
+        d->SetUserValue(key, value);
+}
+
+void KVApplication::SetUserValue(UseDataRole role, const QVariant& value)
+{
+    SetUserValue(GetName(role), value);
+}
+
+QVariant KVApplication::GetApplicationValue(const QString& key, const QVariant& defaultValue)
+{
+    const Private* d = Private::Instance();
+    return d ? d->GetApplicationValue(key, defaultValue) : defaultValue;
+}
+
+void KVApplication::SetAppicationValue(const QString& key, const QVariant& value)
+{
+    if (Private* d = Private::Instance())
+        d->SetApplicationValue(key, value);
+}
+
+QString KVApplication::GetName(UseDataRole role)
+{
+    if (role < 0 || role >= kRoleCount)
+        return QString();
+    return QString::fromLatin1(kRoleKeys[role]);
+}
+
+QString KVApplication::GetDataFolder()
+{
+    const Private* d = Private::Instance();
+    return d ? d->GetDataFolder() : QString();
+}
+
+void KVApplication::SetDataFolder(const QString& folder)
+{
+    if (Private* d = Private::Instance())
+        d->SetDataFolder(folder);
+}
+
+QString KVApplication::GetUserDataFolder()
+{
+    const Private* d = Private::Instance();
+    return d ? d->GetUserDataFolder() : QString();
+}
+
+void KVApplication::SetUserDataFolder(const QString& folder)
+{
+    if (Private* d = Private::Instance())
+        d->SetUserDataFolder(folder);
+}
+
+QString KVApplication::GetResourcePath()
+{
+    QDir folder(QCoreApplication::applicationDirPath());
+    if (!folder.cd(QStringLiteral("../Resources")))
+        KV_LOG(QStringLiteral("The Resouces folder does not exist"));
+    return folder.absolutePath();
+}
+
+void KVApplication::FlushData()
+{
+    if (Private* d = Private::Instance())
+        Q_EMIT d->q->FlushPluginData();
+}
+
+QStringList KVApplication::GetLanguages()
+{
+    return d->m_languages;
+}
+
+KVApplication::ColorManagementMissingPolicy KVApplication::GetColorManagementMissingPolicy()
+{
+    return ReadPolicy(MissingPolicy, MissingLeaveAsIs);
+}
+
+void KVApplication::SetColorManagementMissingPolicy(ColorManagementMissingPolicy policy)
+{
+    SetUserValue(MissingPolicy, int(policy));
+}
+
+KVApplication::ColorManagementEqualPolicy KVApplication::GetColorManagementEqualPolicy()
+{
+    return ReadPolicy(EqualPolicy, EqualKeepEmbedded);
+}
+
+void KVApplication::SetColorManagementEqualPolicy(ColorManagementEqualPolicy policy)
+{
+    SetUserValue(EqualPolicy, int(policy));
+}
+
+KVApplication::ColorManagementNotEqualPolicy KVApplication::GetColorManagementNotEqualPolicy()
+{
+    return ReadPolicy(NotEqualPolicy, NotEqualKeepEmbedded);
+}
+
+void KVApplication::SetColorManagementNotEqualPolicy(ColorManagementNotEqualPolicy policy)
+{
+    SetUserValue(NotEqualPolicy, int(policy));
+}
+
+KVApplication::ColorManagementColorSpaceMismatchPolicy
+KVApplication::GetColorManagementColorSpaceMismatchPolicy()
+{
+    return ReadPolicy(ColorSpaceMismatchPolicy, MismatchKeepEmbedded);
+}
+
+void KVApplication::SetColorManagementColorSpaceMismatchPolicy(
+    ColorManagementColorSpaceMismatchPolicy policy)
+{
+    SetUserValue(ColorSpaceMismatchPolicy, int(policy));
+}
+
+bool KVApplication::IsPNGCompressionVisible()
+{
+    return ReadFlag(ShowPNGCompressionSettings);
+}
+
+void KVApplication::SetPNGCompressionVisible(bool visible)
+{
+    SetUserValue(ShowPNGCompressionSettings, visible);
+}
+
+bool KVApplication::IsJPGCompressionVisible()
+{
+    return ReadFlag(ShowJPGCompressionSettings);
+}
+
+void KVApplication::SetJPGCompressionVisible(bool visible)
+{
+    SetUserValue(ShowJPGCompressionSettings, visible);
+}
+
+bool KVApplication::IsTIFCompressionVisible()
+{
+    return ReadFlag(ShowTIFFCompressionSettings);
+}
+
+void KVApplication::SetTIFCompressionVisible(bool visible)
+{
+    SetUserValue(ShowTIFFCompressionSettings, visible);
+}
+
+bool KVApplication::WarnAboutLayerInfo()
+{
+    return GetUserValue(kIncompleteInfoStateKey, true).toBool();
+}
+
+void KVApplication::SetWarnAboutLayerInfo(bool warn)
+{
+    SetUserValue(kIncompleteInfoStateKey, warn);
+}
+
+QString KVApplication::GetPathOpen()
+{
+    return ReadPath(PathOpen);
+}
+
+void KVApplication::SetPathOpen(const QString& path)
+{
+    SetUserValue(PathOpen, path);
+}
+
+QString KVApplication::GetPathExport()
+{
+    return ReadPath(PathExport);
+}
+
+void KVApplication::SetPathExport(const QString& path)
+{
+    SetUserValue(PathExport, path);
+}
+
+QString KVApplication::GetBatchPathOpen()
+{
+    return ReadPath(BatchPathOpen);
+}
+
+void KVApplication::SetBatchPathOpen(const QString& path)
+{
+    SetUserValue(BatchPathOpen, path);
+}
+
+QString KVApplication::GetBatchPathInput()
+{
+    return ReadPath(BatchPathInput);
+}
+
+void KVApplication::SetBatchPathInput(const QString& path)
+{
+    SetUserValue(BatchPathInput, path);
+}
+
+QString KVApplication::GetBatchPathOutput()
+{
+    return ReadPath(BatchPathOutput);
+}
+
+void KVApplication::SetBatchPathOutput(const QString& path)
+{
+    SetUserValue(BatchPathOutput, path);
+}
+
+QColor KVApplication::GetBackground()
+{
+    return Private::GetColor(ColorsBackground, Qt::white);
+}
+
+void KVApplication::SetBackground(const QColor& color)
+{
+    Private::SetColor(ColorsBackground, Qt::white, color, &KVApplication::BackgroundChanged);
+}
+
+QColor KVApplication::GetForeground()
+{
+    return Private::GetColor(ColorsForeground, Qt::black);
+}
+
+void KVApplication::SetForeground(const QColor& color)
+{
+    Private::SetColor(ColorsForeground, Qt::black, color, &KVApplication::ForegroundChanged);
+}
+
+QColor KVApplication::GetMaskBackground()
+{
+    return Private::GetColor(ColorsMaskBackground, Qt::black);
+}
+
+void KVApplication::SetMaskBackground(const QColor& color)
+{
+    Private::SetColor(ColorsMaskBackground, Qt::black, color,
+                      &KVApplication::MaskBackgroundChanged);
+}
+
+QColor KVApplication::GetMaskForeground()
+{
+    return Private::GetColor(ColorsMaskForeground, Qt::white);
+}
+
+void KVApplication::SetMaskForeground(const QColor& color)
+{
+    Private::SetColor(ColorsMaskForeground, Qt::white, color,
+                      &KVApplication::MaskForegroundChanged);
+}
+
+int KVApplication::GetTexturePatternIndex()
+{
+    return GetUserValue(TexturePatternIndex, 0).toInt();
+}
+
+void KVApplication::SetTexturePatternIndex(int index)
+{
+    Private* d = Private::Instance();
+    if (!d || GetTexturePatternIndex() == index)
+        return;
+    d->SetUserValue(GetName(TexturePatternIndex), index);
+    Q_EMIT d->q->TexturePatternChanged(index);
+}
+
+int KVApplication::GetProgressTimeout()
+{
+    return 2000;
+}

@@ -1,0 +1,188 @@
+#pragma once
+
+#include <QApplication>
+#include <QColor>
+#include <QStringList>
+#include <QVariant>
+
+#include "kvcore_export.h"
+
+class QAction;
+
+// The editor's application object: construct it once, in place of a plain
+// QApplication, before anything else of the library is used. It knows the
+// editor's folders and its two settings files, app.ini (application-wide) and
+// user.ini (per user), and gives every part of the editor static, typed access
+// to them. Every settings access opens and closes its file.
+class KVCORE_EXPORT KVApplication : public QApplication
+{
+    Q_OBJECT
+public:
+    // The per-user settings; GetName() gives each one's key in user.ini.
+    enum UseDataRole
+    {
+        Version = 0,
+        LanguageIndex,
+        ThemePath,
+        WorkingProfileID,
+        MissingPolicy,
+        EqualPolicy,
+        NotEqualPolicy,
+        ColorSpaceMismatchPolicy,
+        ShowPNGCompressionSettings,
+        ShowJPGCompressionSettings,
+        ShowTIFFCompressionSettings,
+        PathOpen,
+        PathExport,
+        SaveAsSuffix,
+        BatchPathOpen,
+        BatchPathInput,
+        BatchPathOutput,
+        ColorsBackground,
+        ColorsForeground,
+        ColorsMaskBackground,
+        ColorsMaskForeground,
+        StartupWindowShow,
+        CheckForUpdate,
+        UpdateRemind,
+        UpdateRemindDate,
+        TexturePatternIndex,
+        ApplicationTemporaryPath,
+    };
+
+    // What to do with an opened image that carries no colour profile.
+    enum ColorManagementMissingPolicy
+    {
+        MissingLeaveAsIs = 0,
+        MissingAssignWorking = 1,
+        MissingAsk = 2,
+    };
+    // What to do when the embedded profile equals the working profile.
+    enum ColorManagementEqualPolicy
+    {
+        EqualDiscardEmbedded = 0,
+        EqualKeepEmbedded = 1,
+    };
+    // What to do when the embedded profile differs from the working profile.
+    enum ColorManagementNotEqualPolicy
+    {
+        NotEqualKeepEmbedded = 0,
+        NotEqualConvertToWorking = 1,
+        NotEqualDiscardEmbedded = 2,
+        NotEqualAsk = 3,
+    };
+    // What to do when the embedded profile is for another colour space.
+    enum ColorManagementColorSpaceMismatchPolicy
+    {
+        MismatchKeepEmbedded = 0,
+        MismatchDiscardEmbedded = 1,
+        MismatchAsk = 2,
+    };
+
+    KVApplication(int& argc, char** argv);
+    ~KVApplication() override;
+
+    // The running application object, or null when there is none or it is
+    // not a KVApplication.
+    static KVApplication* GetInstance();
+
+    // Any key of user.ini, or defaultValue when it is missing. "Language/Index"
+    // reads back without its region part (pt_BR reads as pt).
+    static QVariant GetUserValue(const QString& key, const QVariant& defaultValue = QVariant());
+    static QVariant GetUserValue(UseDataRole role, const QVariant& defaultValue = QVariant());
+    // Writes a key of user.ini. A user.ini made by this call starts with
+    // "Version" = "2.4.0".
+    static void SetUserValue(const QString& key, const QVariant& value);
+    static void SetUserValue(UseDataRole role, const QVariant& value);
+    // Any key of app.ini, or defaultValue when it is missing.
+    static QVariant GetApplicationValue(const QString& key,
+                                        const QVariant& defaultValue = QVariant());
+    // Writes a key of app.ini, making its folder when needed.
+    static void SetAppicationValue(const QString& key, const QVariant& value);
+
+    // The key of a role in user.ini; empty for a value that is no role.
+    static QString GetName(UseDataRole role);
+
+    // The folder of app.ini. SetDataFolder() moves app.ini into another folder
+    // (making it); values written before stay in the old file.
+    static QString GetDataFolder();
+    static void SetDataFolder(const QString& folder);
+    // The folder of user.ini, and moving it, as for app.ini.
+    static QString GetUserDataFolder();
+    static void SetUserDataFolder(const QString& folder);
+    // The bundle's resource folder (../Resources from the executable's folder),
+    // or the executable's folder when there is none.
+    static QString GetResourcePath();
+    // Asks the plug-ins to save what they hold: emits FlushPluginData().
+    static void FlushData();
+
+    // Language codes whose translation folder exists in the resource folder.
+    QStringList GetLanguages();
+
+    // Typed per-user settings with their defaults.
+    static ColorManagementMissingPolicy GetColorManagementMissingPolicy();
+    static void SetColorManagementMissingPolicy(ColorManagementMissingPolicy policy);
+    static ColorManagementEqualPolicy GetColorManagementEqualPolicy();
+    static void SetColorManagementEqualPolicy(ColorManagementEqualPolicy policy);
+    static ColorManagementNotEqualPolicy GetColorManagementNotEqualPolicy();
+    static void SetColorManagementNotEqualPolicy(ColorManagementNotEqualPolicy policy);
+    static ColorManagementColorSpaceMismatchPolicy GetColorManagementColorSpaceMismatchPolicy();
+    static void
+    SetColorManagementColorSpaceMismatchPolicy(ColorManagementColorSpaceMismatchPolicy policy);
+
+    static bool IsPNGCompressionVisible();
+    static void SetPNGCompressionVisible(bool visible);
+    static bool IsJPGCompressionVisible();
+    static void SetJPGCompressionVisible(bool visible);
+    static bool IsTIFCompressionVisible();
+    static void SetTIFCompressionVisible(bool visible);
+
+    // Whether to warn that a document's layer information will be incomplete.
+    static bool WarnAboutLayerInfo();
+    static void SetWarnAboutLayerInfo(bool warn);
+
+    static QString GetPathOpen();
+    static void SetPathOpen(const QString& path);
+    static QString GetPathExport();
+    static void SetPathExport(const QString& path);
+    static QString GetBatchPathOpen();
+    static void SetBatchPathOpen(const QString& path);
+    static QString GetBatchPathInput();
+    static void SetBatchPathInput(const QString& path);
+    static QString GetBatchPathOutput();
+    static void SetBatchPathOutput(const QString& path);
+
+    // Colours; each setter emits its signal when the colour really changes.
+    static QColor GetBackground();
+    static void SetBackground(const QColor& color);
+    static QColor GetForeground();
+    static void SetForeground(const QColor& color);
+    static QColor GetMaskBackground();
+    static void SetMaskBackground(const QColor& color);
+    static QColor GetMaskForeground();
+    static void SetMaskForeground(const QColor& color);
+
+    // The chosen texture pattern; the setter emits TexturePatternChanged() on a change.
+    static int GetTexturePatternIndex();
+    static void SetTexturePatternIndex(int index);
+
+    // The delay before a progress display appears, in milliseconds.
+    static int GetProgressTimeout();
+
+Q_SIGNALS:
+    void BackgroundChanged();
+    void ForegroundChanged();
+    void MaskBackgroundChanged();
+    void MaskForegroundChanged();
+    void TexturePatternChanged(int index);
+    void PluginLoading(const QString& fileName);
+    void PluginLoaded(const QString& fileName);
+    void PluginLoadingError(const QString& fileName, const QString& error);
+    void PluginsLoadingFinished();
+    void RefineSelectionRegistered(QAction* pAction);
+    void FlushPluginData();
+
+private:
+    class Private;
+    Private* d = nullptr;
+};

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "KVApplication.h"
+
+#include <QBrush>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+class IBrushFactory;
+
+class KVApplication::Private
+{
+public:
+    explicit Private(KVApplication* owner);
+    ~Private();
+
+    // The Private of the running KVApplication, or null.
+    static Private* Instance();
+
+    static void MakeFolderStructure(const QString& path);
+
+    QVariant GetUserValue(const QString& key, const QVariant& defaultValue) const;
+    void SetUserValue(const QString& key, const QVariant& value);
+    QVariant GetApplicationValue(const QString& key, const QVariant& defaultValue) const;
+    void SetApplicationValue(const QString& key, const QVariant& value);
+
+    QString GetDataFolder() const;
+    void SetDataFolder(const QString& folder);
+    QString GetUserDataFolder() const;
+    void SetUserDataFolder(const QString& folder);
+
+    QStringList MakeLangList(const QString& path);
+
+    // Typed access shared by the public accessors.
+    static QColor GetColor(UseDataRole role, const QColor& defaultColor);
+    static void SetColor(UseDataRole role, const QColor& defaultColor, const QColor& color,
+                         void (KVApplication::*changed)());
+
+    KVApplication* q = nullptr;
+    QString m_appSettingsFile;
+    QString m_userSettingsFile;
+    QString m_resourcePath;
+    QStringList m_languages;
+    QString m_language;
+    QMap<QString, QString> m_languageNames;
+    int m_theme = 0;
+    QStringList m_patterns;
+    QAction* m_pRefineSelection = nullptr;
+
+    static IBrushFactory* m_pBrushFactory;
+    static QBrush m_gradient;
+    static const QString m_ru;
+    static const QString m_en;
+    static const QString m_de;
+    static const QString m_sv;
+    static const QString m_fr;
+    static const QString m_pt;
+
+private:
+    static void MoveSettingsFile(QString& settingsFile, const QString& folder);
+};

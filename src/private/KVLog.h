@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+// Writes one diagnostic line in the library's format at Qt's debug level:
+//   Build date=<date>, time=<time>. Line=<line>, file="<source>". <message>
+// The build system defines KV_LOG_FILE for every source as its path from the
+// repository root without extension.
+#define KV_LOG(message) KVLog::Write(__DATE__, __TIME__, __LINE__, KV_LOG_FILE, (message))
+
+namespace KVLog {
+void Write(const char* buildDate, const char* buildTime, int line, const char* file,
+           const QString& message);
+} // namespace KVLog

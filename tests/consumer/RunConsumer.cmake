@@ -1,0 +1,33 @@
+# Installs the library into a throw-away prefix, then configures, builds and
+# runs the consumer project against it.
+#   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_SOURCE=... -DGENERATOR=... -P RunConsumer.cmake
+
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "failed (${result}): ${ARGN}\n${output}")
+    endif()
+    set(last_output "${output}" PARENT_SCOPE)
+endfunction()
+
+set(prefix ${WORK_DIR}/prefix)
+file(REMOVE_RECURSE ${prefix} ${WORK_DIR}/build)
+file(MAKE_DIRECTORY ${WORK_DIR}/home)
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+foreach(file lib/libcore.so.2 lib/libcore.so.2.4.0 lib/libplugincore.so.2 lib/libimage.so.2
+             lib/libutils.so.2 include/Pelkaro/KVApplication.h include/Pelkaro/kvcore_export.h
+             lib/cmake/PelkaroCore/PelkaroCoreConfig.cmake)
+    if(NOT EXISTS ${prefix}/${file})
+        message(FATAL_ERROR "not installed: ${file}")
+    endif()
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE} -B ${WORK_DIR}/build -G "${GENERATOR}"
+    -DCMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+run(${WORK_DIR}/build/consumer)
+if(NOT last_output MATCHES "consumer: user data folder ${WORK_DIR}/home/Library/Preferences/Pelkaro AB/Pelkaro")
+    message(FATAL_ERROR "unexpected consumer output: ${last_output}")
+endif()
+message(STATUS "${last_output}")
