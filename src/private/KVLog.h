@@ -6,7 +6,10 @@
 //   Build date=<date>, time=<time>. Line=<line>, file="<source>". <message>
 // The build system defines KV_LOG_FILE for every source as its path from the
 // repository root without extension.
-#define KV_LOG(message) KVLog::Write(__DATE__, __TIME__, __LINE__, KV_LOG_FILE, (message))
+#define KV_LOG(message) KV_LOG_AT(__LINE__, message)
+// The same with a fixed line number, for messages that log readers know by
+// the line they have always carried.
+#define KV_LOG_AT(line, message) KVLog::Write(__DATE__, __TIME__, (line), KV_LOG_FILE, (message))
 
 namespace KVLog {
 void Write(const char* buildDate, const char* buildTime, int line, const char* file,

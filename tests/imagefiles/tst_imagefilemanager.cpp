@@ -1,0 +1,370 @@
+#include "LogCapture.h"
+#include "TestImagePlugin.h"
+#include "TestSupport.h"
+
+#include <KVApplication.h>
+#include <KVImageFileManager.h>
+
+#include <MZDocumentInterface.h>
+
+#include <QSignalSpy>
+
+#include <memory>
+
+using Manager = KVImageFileManager;
+
+Q_DECLARE_METATYPE(QList<TestGroup>)
+
+namespace {
+const QString kAll = "{00000000-0000-0000-0000-000000000001}";
+const QString kPng = "{a0000000-0000-0000-0000-000000000001}";
+const QString kJpeg = "{b0000000-0000-0000-0000-000000000002}";
+const QString kTiff = "{c0000000-0000-0000-0000-000000000003}";
+
+std::unique_ptr<TestImagePlugin> MakePlugin(const QStringList& formats,
+                                            const QList<TestGroup>& groups = {},
+                                            const QStringList& disabled = {})
+{
+    TestImagePluginConfig config;
+    config.formats = formats;
+    config.groups = groups;
+    config.disabled = disabled;
+    config.readerUIDs = QStringList{QUuid::createUuid().toString()};
+    config.writerUIDs = QStringList{QUuid::createUuid().toString()};
+    return std::make_unique<TestImagePlugin>(config);
+}
+
+// Both signals of the manager, in the order they came.
+class SignalLog : public QObject
+{
+public:
+    SignalLog()
+    {
+        connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
+                [this] { events.append("groups"); });
+        connect(Manager::GetInstance(), &Manager::SupportedGroupChanged, this,
+                [this](const QString& group) { events.append(group); });
+    }
+    QStringList Take() { return std::exchange(events, {}); }
+    QStringList events;
+};
+
+class Document : public MZDocumentInterface
+{};
+
+struct OpenLog
+{
+    QStringList paths;
+    QString stopAt;
+};
+
+bool LoggingOpen(const QString& path, bool* ok, void* user)
+{
+    auto* log = static_cast<OpenLog*>(user);
+    log->paths.append(path);
+    if (path == log->stopAt)
+        *ok = false;
+    return path.endsWith(".png");
+}
+
+bool SecondOpen(const QString& path, bool*, void* user)
+{
+    static_cast<OpenLog*>(user)->paths.append("second:" + path);
+    return true;
+}
+
+// Hands the rest of a batch to SecondOpen.
+bool SwitchingOpen(const QString& path, bool* ok, void* user)
+{
+    LoggingOpen(path, ok, user);
+    Manager::Register(&SecondOpen, user);
+    return true;
+}
+
+bool SaveAs(MZDocumentInterface*, void* user)
+{
+    ++*static_cast<int*>(user);
+    return true;
+}
+} // namespace
+
+// The format tables, dialog filters, readers and writers, and the open and
+// save entry points of the image file registry.
+class ImageFileManagerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { Manager::InitInstance(); }
+    void cleanup() { Manager::ReleaseInstance(); }
+
+    void withoutManagerEverythingIsNeutral()
+    {
+        Manager::ReleaseInstance();
+        auto plugin = MakePlugin({"png"});
+        QVERIFY(!Manager::GetInstance());
+        QVERIFY(!Manager::Register(plugin.get()));
+        QVERIFY(!Manager::Unregister(plugin.get()));
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString());
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QVERIFY(!Manager::CreateReader("png"));
+        QVERIFY(!Manager::InitReadersPool());
+        QVERIFY(!Manager::AcquireReader("png"));
+        bool ok = true;
+        QVERIFY(!Manager::Open("a.png", &ok));
+        QVERIFY(!ok);
+        QVERIFY(!Manager::Save(nullptr));
+    }
+
+    void emptyManager()
+    {
+        Manager::InitInstance(); // a second call keeps the instance
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedWriteGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
+        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QCOMPARE(Manager::GetFilterForWrite(), QString());
+        QVERIFY(!Manager::GetPluginForRead("png"));
+        QVERIFY(!Manager::Register(nullptr));
+        QVERIFY(!Manager::Unregister(nullptr));
+    }
+
+    void newestPluginServesASuffix()
+    {
+        auto older = MakePlugin({"png", "bmp"});
+        auto newer = MakePlugin({"png"});
+        QVERIFY(Manager::Register(older.get()));
+        QVERIFY(Manager::Register(newer.get()));
+        QVERIFY(Manager::Register(newer.get())); // again: nothing changes
+        QCOMPARE(Manager::GetPluginForRead("PNG"), newer.get());
+        QCOMPARE(Manager::GetPluginForWrite("png"), newer.get());
+        QCOMPARE(Manager::GetPluginForRead("bmp"), older.get());
+
+        QVERIFY(Manager::Unregister(newer.get()));
+        QVERIFY(!Manager::Unregister(newer.get()));
+        QCOMPARE(Manager::GetPluginForRead("png"), older.get());
+        QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"bmp", "png"}));
+
+        QVERIFY(Manager::Unregister(older.get()));
+        QVERIFY(!Manager::GetPluginForRead("png"));
+        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
+        QVERIFY(Manager::GetSupportedWriteFormats().isEmpty());
+    }
+
+    void allListIsSortedGroupListsAreNot()
+    {
+        auto first =
+            MakePlugin({"tif", "bmp", "raw"}, {{kTiff, "Mixed", {"tif", "raw", "bmp"}}}, {"raw"});
+        auto second = MakePlugin({"png", "bmp"}, {{kTiff, "Renamed", {"png", "bmp", "png"}}});
+        Manager::Register(first.get());
+        Manager::Register(second.get());
+
+        QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"bmp", "png", "tif"}));
+        QCOMPARE(Manager::GetSupportedWriteFormats(), QStringList({"bmp", "png", "tif"}));
+        QCOMPARE(Manager::GetGroupReadFormats(kTiff), QStringList({"tif", "bmp", "png"}));
+        QCOMPARE(Manager::GetGroupFormats(kTiff), QStringList({"tif", "bmp", "png"}));
+        QCOMPARE(Manager::GetGroupName(kTiff), QString("Mixed")); // the first name stays
+        QCOMPARE(Manager::GetSupportedReadGroups(), QStringList({kAll, kTiff}));
+        QCOMPARE(Manager::GetSupportedWriteGroups(), QStringList({kTiff}));
+        QVERIFY(!Manager::GetPluginForRead("raw"));
+        QVERIFY(!Manager::CreateReader("raw"));
+    }
+
+    void signalsFollowRealChanges()
+    {
+        SignalLog log;
+        auto first = MakePlugin({"png", "jpg"}, {{kPng, "PNG", {"png"}}, {kJpeg, "JPEG", {"jpg"}}});
+        Manager::Register(first.get());
+        QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
+                                          kAll, kPng, kJpeg}));                  // write side
+
+        auto second = MakePlugin({"png", "gif"}, {{kPng, "PNG", {"png", "gif"}}});
+        Manager::Register(second.get());
+        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+
+        auto third = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
+        Manager::Register(third.get());
+        QCOMPARE(log.Take(), QStringList());
+
+        // gif loses its only reader: out of All and PNG, which keeps png.
+        Manager::Unregister(second.get());
+        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+        QCOMPARE(Manager::GetGroupReadFormats(kPng), QStringList({"png"}));
+
+        // png still has the third plug-in; jpg goes, and JPEG is left empty.
+        Manager::Unregister(first.get());
+        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QCOMPARE(Manager::GetSupportedReadGroups(), QStringList({kAll, kPng, kJpeg}));
+        QCOMPARE(Manager::GetGroupReadFormats(kJpeg), QStringList());
+        QCOMPARE(Manager::GetGroupName(kJpeg), QString("JPEG"));
+
+        // A known, emptied group filled again is not a new group.
+        auto fourth = MakePlugin({"jpg"}, {{kJpeg, "JPEG", {"jpg"}}});
+        Manager::Register(fourth.get());
+        QCOMPARE(log.Take(), QStringList({kAll, kJpeg, kAll, kJpeg}));
+    }
+
+    void destroyedPluginLeavesTheTables()
+    {
+        SignalLog log;
+        auto plugin = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
+        Manager::Register(plugin.get());
+        log.Take();
+        plugin.reset();
+        QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, kAll, "groups", kPng}));
+        QVERIFY(!Manager::GetPluginForRead("png"));
+        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
+
+        // An unregistered plug-in is no longer watched.
+        auto other = MakePlugin({"bmp"});
+        Manager::Register(other.get());
+        Manager::Unregister(other.get());
+        log.Take();
+        other.reset();
+        QCOMPARE(log.Take(), QStringList());
+    }
+
+    void duplicateUidsAreLoggedAndSkipped()
+    {
+        TestImagePluginConfig config;
+        config.formats = QStringList{"png"};
+        config.readerUIDs = QStringList{"{r1}"};
+        config.writerUIDs = QStringList{"{w1}"};
+        TestImagePlugin first(config);
+        config.formats = QStringList{"bmp"};
+        config.readerUIDs = QStringList{"{r1}", "{r2}"};
+        config.writerUIDs = QStringList{"{w1}"};
+        TestImagePlugin second(config);
+
+        LogCapture capture;
+        Manager::Register(&first);
+        Manager::Register(&second);
+        const QString line = "Build date=DATE, time=TIME. Line=521, "
+                             "file=\"src/private/KVImageFileManager_p\". %1 uid is not unique.";
+        QCOMPARE(capture.StampedLines(), QStringList({line.arg("{r1}"), line.arg("{w1}")}));
+
+        Manager::ReleaseReader(Manager::CreateReaderByUID("{r1}"));
+        Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));
+        Manager::ReleaseWriter(Manager::CreateWriterByUID("{w1}"));
+        QVERIFY(!Manager::CreateReaderByUID("{unknown}"));
+        QCOMPARE(first.m_readersMade, 1);
+        QCOMPARE(second.m_readersMade, 1);
+        QCOMPARE(first.m_writersMade, 1);
+        QCOMPARE(second.m_writersMade, 0);
+    }
+
+    void readersAndWritersGoBackToTheirPlugin()
+    {
+        auto plugin = MakePlugin({"png"});
+        Manager::Register(plugin.get());
+
+        KVImageFileReader* reader = Manager::CreateReader("PNG");
+        KVImageFileWriter* writer = Manager::CreateWriter("Png");
+        QVERIFY(reader && writer);
+        QCOMPARE(plugin->m_requestedFormats, QStringList({"png", "png"}));
+        QVERIFY(!Manager::CreateWriter("gif"));
+
+        Manager::ReleaseReader(reader);
+        Manager::ReleaseWriter(writer);
+        QCOMPARE(plugin->m_readersReleased, 1);
+        QCOMPARE(plugin->m_writersReleased, 1);
+
+        // Unknown pointers, and readers already destroyed, are ignored.
+        TestImageReader stranger("{x}", {"png"});
+        Manager::ReleaseReader(&stranger);
+        Manager::ReleaseReader(nullptr);
+        delete Manager::CreateReader("png");
+        auto* reused = new TestImageReader("{y}", {"png"}); // may reuse the address
+        Manager::ReleaseReader(reused);
+        delete reused;
+        QCOMPARE(plugin->m_readersReleased, 1);
+
+        // After unregistering, the plug-in's readers are no longer the manager's.
+        KVImageFileReader* orphan = Manager::CreateReader("png");
+        Manager::Unregister(plugin.get());
+        Manager::ReleaseReader(orphan);
+        QCOMPARE(plugin->m_readersReleased, 1);
+        delete orphan;
+    }
+
+    void dialogFilters_data()
+    {
+        QTest::addColumn<QList<TestGroup>>("groups");
+        QTest::addColumn<QString>("read");
+        QTest::addColumn<QString>("write");
+
+        QTest::newRow("no groups") << QList<TestGroup>() << "All (*.bmp *.png)"
+                                   << "";
+        QTest::newRow("one group") << QList<TestGroup>{{kPng, "PNG image", {"png"}}}
+                                   << "All (*.bmp *.png);;PNG image (*.png)"
+                                   << "PNG image (*.png)";
+        QTest::newRow("UID order, empty group")
+            << QList<TestGroup>{{kJpeg, "Empty", {}}, {kPng, "Both", {"png", "bmp"}}}
+            << "All (*.bmp *.png);;Both (*.png *.bmp);;Empty )"
+            << "Both (*.png *.bmp);;Empty )";
+        QTest::newRow("group before All")
+            << QList<TestGroup>{{"{00000000-0000-0000-0000-000000000000}", "First", {"bmp"}}}
+            << "First (*.bmp);;All (*.bmp *.png)"
+            << "First (*.bmp)";
+        QTest::newRow("nameless group")
+            << QList<TestGroup>{{kPng, "", {"png"}}} << "All (*.bmp *.png);; (*.png)"
+            << " (*.png)";
+    }
+
+    void dialogFilters()
+    {
+        QFETCH(QList<TestGroup>, groups);
+        QFETCH(QString, read);
+        QFETCH(QString, write);
+        auto plugin = MakePlugin({"png", "bmp"}, groups);
+        Manager::Register(plugin.get());
+        QCOMPARE(Manager::GetFilterForRead(), read);
+        QCOMPARE(Manager::GetFilterForWrite(), write);
+    }
+
+    void openingAndSaving()
+    {
+        OpenLog log;
+        QVERIFY(!Manager::Open("a.png", nullptr));
+        Manager::Open(QStringList{"a.png"}); // no callback: nothing to call
+
+        Manager::Register(&LoggingOpen, &log);
+        bool ok = true;
+        QVERIFY(Manager::Open("a.png", &ok));
+        QVERIFY(ok);
+        QVERIFY(!Manager::Open("a.jpg", nullptr));
+
+        log = {{}, "b.png"};
+        Manager::Open(QStringList{"a.png", "b.png", "c.png"});
+        QCOMPARE(log.paths, QStringList({"a.png", "b.png"}));
+        Manager::Open(QStringList());
+        QCOMPARE(log.paths.size(), 2);
+
+        log = {};
+        Manager::Register(&SwitchingOpen, &log);
+        Manager::Open(QStringList{"a", "b", "c"});
+        QCOMPARE(log.paths, QStringList({"a", "second:b", "second:c"}));
+
+        Manager::Register(Manager::OpenCallback(nullptr), nullptr);
+        ok = true;
+        QVERIFY(!Manager::Open("a.png", &ok));
+        QVERIFY(!ok);
+
+        Document document;
+        QVERIFY(!Manager::Save(&document));
+        int first = 0;
+        int second = 0;
+        Manager::Register(&SaveAs, &first);
+        QVERIFY(Manager::Save(&document));
+        Manager::Register(&SaveAs, &second);
+        QVERIFY(Manager::Save(&document));
+        QCOMPARE(first, 1);
+        QCOMPARE(second, 1);
+    }
+};
+
+KV_TEST_APP_MAIN(ImageFileManagerTest)
+#include "tst_imagefilemanager.moc"

@@ -1,0 +1,339 @@
+#include "QtImageFormats.h"
+#include "TestImagePlugin.h"
+#include "TestSupport.h"
+
+#include <KVApplication.h>
+#include <KVImageFileManager.h>
+
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using Manager = KVImageFileManager;
+
+namespace {
+std::unique_ptr<TestImagePlugin> MakePlugin(const QStringList& formats,
+                                            const QStringList& readerFormats = {},
+                                            bool makesReaders = true)
+{
+    TestImagePluginConfig config;
+    config.formats = formats;
+    config.readerFormats = readerFormats;
+    config.makesReaders = makesReaders;
+    config.readerUIDs = QStringList{QUuid::createUuid().toString()};
+    return std::make_unique<TestImagePlugin>(config);
+}
+
+QSet<KVImageFileReader*> ToSet(const QList<KVImageFileReader*>& readers)
+{
+    return QSet<KVImageFileReader*>(readers.begin(), readers.end());
+}
+
+int PoolSize()
+{
+    return QThread::idealThreadCount();
+}
+
+QList<KVImageFileReader*> AcquireAll(const QString& format)
+{
+    QList<KVImageFileReader*> readers;
+    for (int i = 0; i < PoolSize(); ++i)
+        readers.append(Manager::AcquireReader(format));
+    return readers;
+}
+
+void ReleaseAll(const QList<KVImageFileReader*>& readers)
+{
+    for (KVImageFileReader* reader : readers)
+        Manager::ReleaseAcquiredReader(reader);
+}
+
+// A thread that borrows one reader and reports when it has it.
+class Borrower
+{
+public:
+    explicit Borrower(const QString& format)
+        : m_thread([this, format] {
+            m_reader = Manager::AcquireReader(format);
+            m_done = true;
+        })
+    {}
+    ~Borrower() { Join(); }
+    bool Done() const { return m_done; }
+    KVImageFileReader* Join()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+        return m_reader;
+    }
+
+private:
+    std::atomic<bool> m_done{false};
+    KVImageFileReader* m_reader = nullptr;
+    std::thread m_thread;
+};
+} // namespace
+
+// The pool of readers that decoding threads borrow and give back.
+class ReaderPoolTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { Manager::InitInstance(); }
+    void cleanup()
+    {
+        Manager::ReleaseReadersPool();
+        Manager::ReleaseInstance();
+    }
+
+    void noFormatsNoPools()
+    {
+        QVERIFY(Manager::InitReadersPool());
+        QVERIFY(!Manager::AcquireReader("png"));
+    }
+
+    void suffixesOfOneReaderShareAPool()
+    {
+        auto jpeg = MakePlugin({"jpeg", "jpg"}, {"jpeg", "jpg"});
+        auto png = MakePlugin({"png"});
+        auto gif = MakePlugin({"gif"}, {"gif"}, false); // makes no readers
+        Manager::Register(jpeg.get());
+        Manager::Register(png.get());
+        Manager::Register(gif.get());
+        QVERIFY(Manager::InitReadersPool());
+        QVERIFY(Manager::InitReadersPool()); // formats with a pool get no second one
+        QCOMPARE(jpeg->m_readersMade, PoolSize());
+        QCOMPARE(png->m_readersMade, PoolSize());
+
+        const QList<KVImageFileReader*> fromJpg = AcquireAll("JPG");
+        ReleaseAll(fromJpg);
+        const QList<KVImageFileReader*> fromJpeg = AcquireAll("jpeg");
+        ReleaseAll(fromJpeg);
+        QCOMPARE(ToSet(fromJpg), ToSet(fromJpeg));
+        QCOMPARE(ToSet(fromJpg).size(), PoolSize());
+        KVImageFileReader* pngReader = Manager::AcquireReader("png");
+        QVERIFY(pngReader && !fromJpeg.contains(pngReader));
+        Manager::ReleaseAcquiredReader(pngReader);
+        QVERIFY(!Manager::AcquireReader("gif"));
+        QVERIFY(!Manager::AcquireReader("tif"));
+
+        // A format registered later gets its pool from the next call.
+        auto tif = MakePlugin({"tif"});
+        Manager::Register(tif.get());
+        QVERIFY(!Manager::AcquireReader("tif"));
+        Manager::InitReadersPool();
+        KVImageFileReader* reader = Manager::AcquireReader("TIF");
+        QVERIFY(reader);
+        Manager::ReleaseAcquiredReader(reader);
+        QCOMPARE(jpeg->m_readersMade, PoolSize());
+    }
+
+    void readersComeBackInStackOrder()
+    {
+        auto png = MakePlugin({"png"});
+        Manager::Register(png.get());
+        Manager::InitReadersPool();
+        if (PoolSize() < 2)
+            QSKIP("needs a pool of two readers");
+
+        const QList<KVImageFileReader*> readers = AcquireAll("png");
+        Manager::ReleaseAcquiredReader(readers.at(0));
+        Manager::ReleaseAcquiredReader(readers.at(1));
+        QCOMPARE(Manager::AcquireReader("png"), readers.at(1));
+        QCOMPARE(Manager::AcquireReader("png"), readers.at(0));
+        ReleaseAll(readers);
+
+        // A reader of no pool is ignored.
+        TestImageReader stranger("{x}", {"png"});
+        Manager::ReleaseAcquiredReader(&stranger);
+        Manager::ReleaseAcquiredReader(nullptr);
+        const QList<KVImageFileReader*> again = AcquireAll("png");
+        QVERIFY(!again.contains(&stranger));
+        ReleaseAll(again);
+    }
+
+    void borrowerWaitsForAFreeReader()
+    {
+        auto png = MakePlugin({"png"});
+        Manager::Register(png.get());
+        Manager::InitReadersPool();
+
+        const QList<KVImageFileReader*> lent = AcquireAll("png");
+        Borrower third("png");
+        QThread::msleep(100);
+        QVERIFY2(!third.Done(), "a borrower must wait while every reader is lent out");
+
+        Manager::ReleaseAcquiredReader(lent.last());
+        QCOMPARE(third.Join(), lent.last());
+        Manager::ReleaseAcquiredReader(lent.last());
+        ReleaseAll(lent.mid(0, lent.size() - 1));
+    }
+
+    void relocationWaitsForLentReaders()
+    {
+        auto png = MakePlugin({"png"});
+        Manager::Register(png.get());
+        Manager::InitReadersPool();
+        const QList<KVImageFileReader*> all = AcquireAll("png");
+        ReleaseAll(all);
+
+        std::atomic<bool> borrowed{false};
+        std::atomic<bool> returned{false};
+        std::thread lender([&] {
+            KVImageFileReader* reader = Manager::AcquireReader("png");
+            borrowed = true;
+            QThread::msleep(150);
+            returned = true;
+            Manager::ReleaseAcquiredReader(reader);
+        });
+        while (!borrowed)
+            QThread::yieldCurrentThread();
+
+        // Releasing a pool reader takes it out of its pool once all are back.
+        KVImageFileReader* leaving = Manager::CreateReader("png");
+        Manager::ReleaseReader(leaving); // not a pool reader: no wait
+        QVERIFY(!returned);
+        Manager::ReleaseReader(all.first());
+        QVERIFY2(returned, "relocation must wait for the lent reader");
+        lender.join();
+        QCOMPARE(png->m_readersReleased, 2);
+
+        // The pool is one smaller and never lends the released reader again.
+        QList<KVImageFileReader*> rest;
+        for (int i = 1; i < PoolSize(); ++i)
+            rest.append(Manager::AcquireReader("png"));
+        QVERIFY(!rest.contains(all.first()));
+        QCOMPARE(ToSet(rest).size(), PoolSize() - 1);
+        ReleaseAll(rest);
+
+        // A destroyed pool reader leaves its pool too.
+        if (PoolSize() > 1) {
+            delete rest.first();
+            for (int i = 2; i < PoolSize(); ++i)
+                QVERIFY(Manager::AcquireReader("png") != rest.first());
+        }
+    }
+
+    void releasingThePoolDisposesOfItsReaders()
+    {
+        auto png = MakePlugin({"png"});
+        Manager::Register(png.get());
+        Manager::InitReadersPool();
+        KVImageFileReader* own = Manager::CreateReader("png");
+
+        Manager::ReleaseReadersPool();
+        QCOMPARE(png->m_readersReleased, PoolSize());
+        QVERIFY(!Manager::AcquireReader("png"));
+        Manager::ReleaseReader(own);
+        QCOMPARE(png->m_readersReleased, PoolSize() + 1);
+
+        // Pools whose plug-in was unregistered meanwhile are emptied as well.
+        Manager::InitReadersPool();
+        Manager::Unregister(png.get());
+        Manager::ReleaseReadersPool();
+        QVERIFY(!Manager::AcquireReader("png"));
+    }
+
+    // Many threads borrow at once; no reader is ever lent twice or lost.
+    void stress()
+    {
+        auto png = MakePlugin({"png"});
+        Manager::Register(png.get());
+        Manager::InitReadersPool();
+        const QList<KVImageFileReader*> readers = AcquireAll("png");
+        ReleaseAll(readers);
+        std::map<KVImageFileReader*, std::atomic<bool>> inUse;
+        for (KVImageFileReader* reader : readers)
+            inUse[reader] = false;
+
+        constexpr int kThreads = 8;
+        constexpr int kBorrows = 100000;
+        std::atomic<int> errors{0};
+        std::vector<std::thread> threads;
+        for (int t = 0; t < kThreads; ++t) {
+            threads.emplace_back([&] {
+                for (int i = 0; i < kBorrows; ++i) {
+                    KVImageFileReader* reader = Manager::AcquireReader("png");
+                    auto it = inUse.find(reader);
+                    if (it == inUse.end() || it->second.exchange(true))
+                        ++errors;
+                    else
+                        it->second = false;
+                    Manager::ReleaseAcquiredReader(reader);
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+
+        QCOMPARE(errors.load(), 0);
+        const QList<KVImageFileReader*> after = AcquireAll("png");
+        QCOMPARE(ToSet(after), ToSet(readers));
+        ReleaseAll(after);
+    }
+
+    // Real files decoded by pooled Qt readers on several threads.
+    void realImagesFromThreads()
+    {
+        QTemporaryDir dir;
+        QtImageFilePlugin plugin;
+        Manager::Register(&plugin);
+        Manager::InitReadersPool();
+
+        struct Sample
+        {
+            QString path;
+            QSize size;
+            QColor colour;
+        };
+        QList<Sample> samples;
+        const QList<QPair<QString, QColor>> kinds = {{"png", QColor(200, 30, 40)},
+                                                     {"jpg", QColor(20, 160, 60)},
+                                                     {"bmp", QColor(10, 20, 230)}};
+        for (int i = 0; i < kinds.size(); ++i) {
+            QImage image(40 + i, 30 + i, QImage::Format_RGB32);
+            image.fill(kinds.at(i).second);
+            const QString path = dir.filePath(QString("sample%1.%2").arg(i).arg(kinds.at(i).first));
+            QVERIFY(image.save(path));
+            samples.append({path, image.size(), kinds.at(i).second});
+        }
+
+        std::atomic<int> failures{0};
+        std::vector<std::thread> threads;
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([&, t] {
+                for (int i = 0; i < 30; ++i) {
+                    const Sample& sample = samples.at((t + i) % samples.size());
+                    KVImageFileReader* reader =
+                        Manager::AcquireReader(QFileInfo(sample.path).suffix().toUpper());
+                    const QImage image = reader ? reader->Read(sample.path) : QImage();
+                    Manager::ReleaseAcquiredReader(reader);
+                    const QColor pixel = image.pixelColor(5, 5);
+                    const bool close = qAbs(pixel.red() - sample.colour.red()) < 8 &&
+                                       qAbs(pixel.green() - sample.colour.green()) < 8 &&
+                                       qAbs(pixel.blue() - sample.colour.blue()) < 8;
+                    if (image.size() != sample.size || !close)
+                        ++failures;
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(failures.load(), 0);
+
+        KVImageFileReader* broken = Manager::CreateReader("png");
+        QVERIFY(broken->Read(dir.filePath("missing.png")).isNull());
+        QVERIFY(!broken->GetErrorString().isEmpty());
+        Manager::ReleaseReader(broken);
+        Manager::ReleaseReadersPool();
+    }
+};
+
+KV_TEST_APP_MAIN(ReaderPoolTest)
+#include "tst_readerpool.moc"

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <KVImageFilePlugin.h>
+#include <KVImageFileReader.h>
+#include <KVImageFileWriter.h>
+
+#include <QMap>
+
+// A format group as a test plug-in declares it.
+struct TestGroup
+{
+    QString uid;
+    QString name;
+    QStringList formats;
+};
+
+// What a TestImagePlugin offers, fixed at construction.
+struct TestImagePluginConfig
+{
+    QString uid = QStringLiteral("{7e57a000-0000-4000-8000-000000000000}");
+    QStringList formats;
+    QStringList disabled; // formats for which IsFormatEnabled() is false
+    QList<TestGroup> groups;
+    QStringList readerUIDs;
+    QStringList writerUIDs;
+    QStringList readerFormats; // what its readers report; the plug-in's formats when empty
+    bool makesReaders = true;
+};
+
+class TestImageReader : public KVImageFileReader
+{
+    Q_OBJECT
+public:
+    TestImageReader(const QString& uid, const QStringList& formats)
+        : m_uid(uid)
+        , m_formats(formats)
+    {}
+    QString GetUID() const override { return m_uid; }
+    QStringList GetFormats() const override { return m_formats; }
+    QImage Read(const QString&) override { return QImage(1, 1, QImage::Format_ARGB32); }
+
+private:
+    QString m_uid;
+    QStringList m_formats;
+};
+
+class TestImageWriter : public KVImageFileWriter
+{
+    Q_OBJECT
+public:
+    TestImageWriter(const QString& uid, const QStringList& formats)
+        : m_uid(uid)
+        , m_formats(formats)
+    {}
+    QString GetUID() const override { return m_uid; }
+    QStringList GetFormats() const override { return m_formats; }
+    bool Write(const QImage&, const QString&) override { return true; }
+
+private:
+    QString m_uid;
+    QStringList m_formats;
+};
+
+// An image-file plug-in whose tables are given at construction. It deletes
+// what it is asked to release and counts what it made and released.
+class TestImagePlugin : public KVImageFilePlugin
+{
+    Q_OBJECT
+public:
+    explicit TestImagePlugin(TestImagePluginConfig config);
+
+    QString GetUID() const override { return m_config.uid; }
+    QStringList GetReaderUIDs() const override { return m_config.readerUIDs; }
+    QStringList GetWriterUIDs() const override { return m_config.writerUIDs; }
+    QStringList GetFormats() const override { return m_config.formats; }
+    QStringList GetGroups() const override;
+    QString GetGroupName(const QString& group) const override;
+    QStringList GetGroupFormats(const QString& group) const override;
+    bool IsFormatEnabled(const QString& format) const override;
+    KVImageFileReader* CreateReader(const QString& format) override;
+    KVImageFileReader* CreateReaderByUID(const QString& uid) override;
+    KVImageFileWriter* CreateWriter(const QString& format) override;
+    KVImageFileWriter* CreateWriterByUID(const QString& uid) override;
+    void ReleaseReader(KVImageFileReader* reader) override;
+    void ReleaseWriter(KVImageFileWriter* writer) override;
+
+    int m_readersMade = 0;
+    int m_readersReleased = 0;
+    int m_writersMade = 0;
+    int m_writersReleased = 0;
+    QStringList m_requestedFormats; // suffixes passed to CreateReader/CreateWriter
+
+private:
+    KVImageFileReader* MakeReader(const QString& uid);
+    KVImageFileWriter* MakeWriter(const QString& uid);
+
+    TestImagePluginConfig m_config;
+};
