@@ -7,6 +7,7 @@ packages=(
   cmake g++ ninja-build pkg-config
   qtbase5-dev qttools5-dev-tools qttranslations5-l10n
   liblcms2-dev
+  libbenchmark-dev
 )
 
 missing=()

@@ -241,77 +241,68 @@ KVImageFilePlugin* KVImageFileManager::Private::GetPlugin(const Side& side,
     return owners.isEmpty() ? nullptr : AsPlugin(owners.first());
 }
 
-QObject* KVImageFileManager::Private::Track(Side& side, QObject* object, QObject* plugin,
-                                            const char* destroyedSlot)
+template <typename Object>
+Object* KVImageFileManager::Private::Make(Side& side, KVImageFilePlugin* plugin,
+                                          Object* (KVImageFilePlugin::*create)(const QString&),
+                                          const QString& key, const char* destroyedSlot)
 {
-    if (!object)
-        return nullptr;
-    QObject::connect(object, SIGNAL(destroyed(QObject*)), q, destroyedSlot);
-    side.objectOwners.insert(object, plugin);
+    Object* object = plugin ? (plugin->*create)(key) : nullptr;
+    if (object) {
+        QObject::connect(object, SIGNAL(destroyed(QObject*)), q, destroyedSlot);
+        side.objectOwners.insert(object, plugin);
+    }
     return object;
+}
+
+KVImageFilePlugin* KVImageFileManager::Private::TakeOwner(Side& side, QObject* object,
+                                                          const char* destroyedSlot)
+{
+    const auto owner = side.objectOwners.find(object);
+    if (owner == side.objectOwners.end())
+        return nullptr;
+    KVImageFilePlugin* plugin = AsPlugin(owner.value());
+    side.objectOwners.erase(owner);
+    QObject::disconnect(object, SIGNAL(destroyed(QObject*)), q, destroyedSlot);
+    return plugin;
 }
 
 KVImageFileReader* KVImageFileManager::Private::CreateReader(const QString& format)
 {
-    KVImageFilePlugin* plugin = GetPlugin(m_read, format);
-    if (!plugin)
-        return nullptr;
-    KVImageFileReader* reader = plugin->CreateReader(format.toLower());
-    Track(m_read, reader, plugin, SLOT(OnReaderDestroyed(QObject*)));
-    return reader;
+    return Make(m_read, GetPlugin(m_read, format), &KVImageFilePlugin::CreateReader,
+                format.toLower(), SLOT(OnReaderDestroyed(QObject*)));
 }
 
 KVImageFileReader* KVImageFileManager::Private::CreateReaderByUID(const QString& uid)
 {
-    QObject* plugin = m_read.uids.value(uid);
-    if (!plugin)
-        return nullptr;
-    KVImageFileReader* reader = AsPlugin(plugin)->CreateReaderByUID(uid);
-    Track(m_read, reader, plugin, SLOT(OnReaderDestroyed(QObject*)));
-    return reader;
+    return Make(m_read, AsPlugin(m_read.uids.value(uid)), &KVImageFilePlugin::CreateReaderByUID,
+                uid, SLOT(OnReaderDestroyed(QObject*)));
 }
 
 KVImageFileWriter* KVImageFileManager::Private::CreateWriter(const QString& format)
 {
-    KVImageFilePlugin* plugin = GetPlugin(m_write, format);
-    if (!plugin)
-        return nullptr;
-    KVImageFileWriter* writer = plugin->CreateWriter(format.toLower());
-    Track(m_write, writer, plugin, SLOT(OnWriterDestroyed(QObject*)));
-    return writer;
+    return Make(m_write, GetPlugin(m_write, format), &KVImageFilePlugin::CreateWriter,
+                format.toLower(), SLOT(OnWriterDestroyed(QObject*)));
 }
 
 KVImageFileWriter* KVImageFileManager::Private::CreateWriterByUID(const QString& uid)
 {
-    QObject* plugin = m_write.uids.value(uid);
-    if (!plugin)
-        return nullptr;
-    KVImageFileWriter* writer = AsPlugin(plugin)->CreateWriterByUID(uid);
-    Track(m_write, writer, plugin, SLOT(OnWriterDestroyed(QObject*)));
-    return writer;
+    return Make(m_write, AsPlugin(m_write.uids.value(uid)), &KVImageFilePlugin::CreateWriterByUID,
+                uid, SLOT(OnWriterDestroyed(QObject*)));
 }
 
 void KVImageFileManager::Private::ReleaseReader(KVImageFileReader* reader)
 {
-    const auto owner = m_read.objectOwners.find(reader);
-    if (owner == m_read.objectOwners.end())
+    KVImageFilePlugin* plugin = TakeOwner(m_read, reader, SLOT(OnReaderDestroyed(QObject*)));
+    if (!plugin)
         return;
-    KVImageFilePlugin* plugin = AsPlugin(owner.value());
-    m_read.objectOwners.erase(owner);
-    QObject::disconnect(reader, SIGNAL(destroyed(QObject*)), q, SLOT(OnReaderDestroyed(QObject*)));
     RelocatePoolReadersFor(reader);
     plugin->ReleaseReader(reader);
 }
 
 void KVImageFileManager::Private::ReleaseWriter(KVImageFileWriter* writer)
 {
-    const auto owner = m_write.objectOwners.find(writer);
-    if (owner == m_write.objectOwners.end())
-        return;
-    KVImageFilePlugin* plugin = AsPlugin(owner.value());
-    m_write.objectOwners.erase(owner);
-    QObject::disconnect(writer, SIGNAL(destroyed(QObject*)), q, SLOT(OnWriterDestroyed(QObject*)));
-    plugin->ReleaseWriter(writer);
+    if (KVImageFilePlugin* plugin = TakeOwner(m_write, writer, SLOT(OnWriterDestroyed(QObject*))))
+        plugin->ReleaseWriter(writer);
 }
 
 void KVImageFileManager::Private::OnReaderDestroyed(QObject* reader)
@@ -399,7 +390,8 @@ void KVImageFileManager::Private::RelocatePoolReadersFor(QObject* reader)
 
 KVImageFileReader* KVImageFileManager::Private::AcquireReader(const QString& format) const
 {
-    ReadersRef* pool = m_poolByFormat.value(format.toLower());
+    // Borrowing is the hot path: a suffix that is lower case already needs no copy.
+    ReadersRef* pool = m_poolByFormat.value(format.isLower() ? format : format.toLower());
     return pool ? pool->Acquire() : nullptr;
 }
 

@@ -91,5 +91,11 @@ private:
     void RemoveSide(Side& side, QObject* plugin);
     static bool AppendEnabled(KVImageFilePlugin* plugin, const QStringList& formats,
                               QStringList& list);
-    QObject* Track(Side& side, QObject* object, QObject* plugin, const char* destroyedSlot);
+    // A reader or writer made by the plug-in, watched and recorded as its.
+    template <typename Object>
+    Object* Make(Side& side, KVImageFilePlugin* plugin,
+                 Object* (KVImageFilePlugin::*create)(const QString&), const QString& key,
+                 const char* destroyedSlot);
+    // The plug-in that made object, after forgetting and no longer watching it.
+    KVImageFilePlugin* TakeOwner(Side& side, QObject* object, const char* destroyedSlot);
 };

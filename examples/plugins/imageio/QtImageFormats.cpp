@@ -76,20 +76,22 @@ QtImageFilePlugin::QtImageFilePlugin(QObject* parent)
 
 QtImageFilePlugin::~QtImageFilePlugin() = default;
 
+QStringList QtImageFilePlugin::Collect(QString Family::*field) const
+{
+    QStringList values;
+    for (const Family& family : m_families)
+        values.append(family.*field);
+    return values;
+}
+
 QStringList QtImageFilePlugin::GetReaderUIDs() const
 {
-    QStringList uids;
-    for (const Family& family : m_families)
-        uids.append(family.readerUID);
-    return uids;
+    return Collect(&Family::readerUID);
 }
 
 QStringList QtImageFilePlugin::GetWriterUIDs() const
 {
-    QStringList uids;
-    for (const Family& family : m_families)
-        uids.append(family.writerUID);
-    return uids;
+    return Collect(&Family::writerUID);
 }
 
 QStringList QtImageFilePlugin::GetFormats() const
@@ -102,10 +104,7 @@ QStringList QtImageFilePlugin::GetFormats() const
 
 QStringList QtImageFilePlugin::GetGroups() const
 {
-    QStringList groups;
-    for (const Family& family : m_families)
-        groups.append(family.group);
-    return groups;
+    return Collect(&Family::group);
 }
 
 const QtImageFilePlugin::Family* QtImageFilePlugin::FindFamily(const QString& value,

@@ -43,6 +43,7 @@ public:
     };
 
 private:
+    QStringList Collect(QString Family::*field) const;
     const Family* FindFamily(const QString& value, QString Family::*field) const;
     const Family* FindFamilyOf(const QString& format) const;
 

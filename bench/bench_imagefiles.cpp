@@ -1,0 +1,194 @@
+#include "RatioReporter.h"
+#include "TestImagePlugin.h"
+
+#include <KVImageFileManager.h>
+
+#include <QMutex>
+#include <QSemaphore>
+#include <QThread>
+#include <QVector>
+
+#include <memory>
+
+namespace {
+using Manager = KVImageFileManager;
+
+TestImagePlugin* s_pngPlugin = nullptr;
+TestImagePlugin* s_filterPlugin = nullptr;
+
+// The pool written the plain way: a QSemaphore counting free readers and a
+// QMutex guarding a QVector used as a stack.
+class BarePool
+{
+public:
+    explicit BarePool(int size)
+        : m_available(size)
+    {
+        for (int i = 0; i < size; ++i)
+            m_free.append(&m_items[i]);
+    }
+    int* Acquire()
+    {
+        m_available.acquire();
+        QMutexLocker locker(&m_lock);
+        return m_free.takeLast();
+    }
+    void Release(int* item)
+    {
+        {
+            QMutexLocker locker(&m_lock);
+            m_free.append(item);
+        }
+        m_available.release();
+    }
+
+private:
+    int m_items[64] = {};
+    QSemaphore m_available;
+    QMutex m_lock;
+    QVector<int*> m_free;
+};
+
+void PoolRoundTrip(benchmark::State& state)
+{
+    for (auto _ : state) {
+        KVImageFileReader* reader = Manager::AcquireReader(QStringLiteral("png"));
+        benchmark::DoNotOptimize(reader);
+        Manager::ReleaseAcquiredReader(reader);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(PoolRoundTrip)->Threads(1)->Threads(2)->UseRealTime();
+
+// A decoding thread does real work between borrows; about a third of a microsecond
+// of it shows how the pool shares out under a load closer to the editor's.
+void DecodeWork()
+{
+    quint64 work = 0;
+    for (int i = 0; i < 400; ++i)
+        benchmark::DoNotOptimize(work += i * work + 1);
+}
+
+void PoolRoundTripWithWork(benchmark::State& state)
+{
+    for (auto _ : state) {
+        KVImageFileReader* reader = Manager::AcquireReader(QStringLiteral("png"));
+        benchmark::DoNotOptimize(reader);
+        DecodeWork();
+        Manager::ReleaseAcquiredReader(reader);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(PoolRoundTripWithWork)->Threads(1)->Threads(2)->UseRealTime();
+
+// The same work without borrowing: how far two threads can scale at all here.
+void WorkAlone(benchmark::State& state)
+{
+    for (auto _ : state)
+        DecodeWork();
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(WorkAlone)->Threads(1)->Threads(2)->UseRealTime();
+
+void BareRoundTrip(benchmark::State& state)
+{
+    static BarePool pool(QThread::idealThreadCount());
+    for (auto _ : state) {
+        int* item = pool.Acquire();
+        benchmark::DoNotOptimize(item);
+        pool.Release(item);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BareRoundTrip)->Threads(1)->Threads(2)->UseRealTime();
+
+void CreateReaderPerRequest(benchmark::State& state)
+{
+    for (auto _ : state) {
+        KVImageFileReader* reader = Manager::CreateReader(QStringLiteral("png"));
+        benchmark::DoNotOptimize(reader);
+        Manager::ReleaseReader(reader);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(CreateReaderPerRequest)->UseRealTime();
+
+void FilterForRead30Groups100Formats(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Manager::GetFilterForRead());
+}
+BENCHMARK(FilterForRead30Groups100Formats)->UseRealTime();
+
+std::unique_ptr<TestImagePlugin> MakeFilterPlugin()
+{
+    TestImagePluginConfig config;
+    config.uid = QStringLiteral("{f17e0000-0000-4000-8000-000000000000}");
+    for (int i = 0; i < 100; ++i)
+        config.formats.append(QStringLiteral("f%1").arg(i, 3, 10, QLatin1Char('0')));
+    for (int g = 0; g < 30; ++g) {
+        TestGroup group{
+            QStringLiteral("{f17e%1-0000-4000-8000-000000000000}").arg(g, 4, 10, QLatin1Char('0')),
+            QStringLiteral("Group %1 image").arg(g),
+            {}};
+        for (int i = 0; i < 10; ++i)
+            group.formats.append(config.formats.at((g * 3 + i) % 100));
+        config.groups.append(group);
+    }
+    return std::make_unique<TestImagePlugin>(config);
+}
+} // namespace
+
+// The reader pool's plug-in, and a second one whose 100 formats in 30 groups
+// feed the dialog filter (its formats have no pools: the pool exists first).
+void SetUpImageFiles()
+{
+    Manager::InitInstance();
+    TestImagePluginConfig png;
+    png.formats = QStringList{QStringLiteral("png")};
+    png.readerUIDs = QStringList{QStringLiteral("{be9c0000-0000-4000-8000-000000000001}")};
+    s_pngPlugin = new TestImagePlugin(png);
+    Manager::Register(s_pngPlugin);
+    Manager::InitReadersPool();
+    s_filterPlugin = MakeFilterPlugin().release();
+    Manager::Register(s_filterPlugin);
+}
+
+void TearDownImageFiles()
+{
+    Manager::ReleaseReadersPool();
+    Manager::ReleaseInstance();
+    delete s_filterPlugin;
+    delete s_pngPlugin;
+}
+
+void PrintImageFileRatios(const RatioReporter& report)
+{
+    const double pool = report.Nanoseconds("PoolRoundTrip/real_time/threads:1");
+    const double bare = report.Nanoseconds("BareRoundTrip/real_time/threads:1");
+    const double create = report.Nanoseconds("CreateReaderPerRequest/real_time");
+    const double one = report.ItemsPerSecond("PoolRoundTrip/real_time/threads:1");
+    const double two = report.ItemsPerSecond("PoolRoundTrip/real_time/threads:2");
+    if (pool <= 0 || bare <= 0 || create <= 0 || one <= 0 || two <= 0)
+        return;
+    std::printf("\nReader pool\n");
+    PrintRatio("pool round trip, one thread", pool, "ns", pool <= 100, "(at most 100 ns)");
+    PrintRatio("pool / bare QSemaphore+QMutex round trip", pool / bare, "x", pool / bare <= 0.4,
+               "(at most 0.4x)");
+    PrintRatio("reader created per request / pool round trip", create / pool, "x",
+               create / pool >= 10, "(at least 10x)");
+    PrintRatio("pool throughput, two threads / one thread", two / one, "x", two / one >= 1.0,
+               "(at least 1.0x)");
+    const double workOne = report.ItemsPerSecond("PoolRoundTripWithWork/real_time/threads:1");
+    const double workTwo = report.ItemsPerSecond("PoolRoundTripWithWork/real_time/threads:2");
+    const double aloneOne = report.ItemsPerSecond("WorkAlone/real_time/threads:1");
+    const double aloneTwo = report.ItemsPerSecond("WorkAlone/real_time/threads:2");
+    if (workOne > 0 && workTwo > 0 && aloneOne > 0 && aloneTwo > 0) {
+        PrintRatio("  the same with 0.3 us of work per borrow", workTwo / workOne, "x",
+                   workTwo / workOne >= 1.0, "(at least 1.0x)");
+        std::printf("%-58s %10.2f%-3s\n", "  the work alone, two threads / one thread",
+                    aloneTwo / aloneOne, "x");
+    }
+    std::printf("%-58s %10.2f%-3s\n", "dialog filter, 30 groups over 100 formats",
+                report.Nanoseconds("FilterForRead30Groups100Formats/real_time") / 1000.0, "us");
+}
