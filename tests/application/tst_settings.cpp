@@ -6,8 +6,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <functional>
-
 using App = KVApplication;
 
 // Settings files, typed accessors and change signals, inside one application
@@ -70,135 +68,40 @@ private Q_SLOTS:
         QVERIFY2(!QFile::exists(UserFile()), "a read must not create user.ini");
     }
 
-    // Each typed setter writes its own key, and its getter reads it back.
-    void typedAccessorsUseTheirKeys_data()
-    {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QVariant>("stored");
-
-        QTest::newRow("missing policy") << "ColorManagement/MissingPolicy" << QVariant(2);
-        QTest::newRow("equal policy") << "ColorManagement/EqualPolicy" << QVariant(0);
-        QTest::newRow("not-equal policy") << "ColorManagement/NotEqualPolicy" << QVariant(3);
-        QTest::newRow("mismatch policy")
-            << "ColorManagement/ColorSpaceMismatchPolicy" << QVariant(1);
-        QTest::newRow("png") << "MessagesAndConfirmationsSettings/ShowPNGCompressionSettings"
-                             << QVariant(false);
-        QTest::newRow("jpg") << "MessagesAndConfirmationsSettings/ShowJPGCompressionSettings"
-                             << QVariant(false);
-        QTest::newRow("tif") << "MessagesAndConfirmationsSettings/ShowTIFFCompressionSettings"
-                             << QVariant(false);
-        QTest::newRow("layer info") << "DocumentIO/IncompleteInfoState" << QVariant(false);
-        QTest::newRow("open") << "Save/PathOpen" << QVariant("/pictures/in");
-        QTest::newRow("export") << "Save/PathExport" << QVariant("/pictures/out");
-        QTest::newRow("batch open") << "Batch/Path/Open" << QVariant("/batch/open");
-        QTest::newRow("batch input") << "Batch/Path/Input" << QVariant("/batch/in");
-        QTest::newRow("batch output") << "Batch/Path/Output" << QVariant("/batch/out");
-        QTest::newRow("background") << "Colors/Background" << QVariant(QColor(10, 20, 30));
-        QTest::newRow("foreground") << "Colors/Foreground" << QVariant(QColor(40, 50, 60));
-        QTest::newRow("mask background")
-            << "Colors/Mask/Background" << QVariant(QColor(70, 80, 90));
-        QTest::newRow("mask foreground")
-            << "Colors/Mask/Foreground" << QVariant(QColor(1, 2, 3, 4));
-        QTest::newRow("texture") << "TexturePatternIndex" << QVariant(7);
-    }
-
-    void typedAccessorsUseTheirKeys()
-    {
-        QFETCH(QString, key);
-        QFETCH(QVariant, stored);
-
-        using Setter = std::function<void(const QVariant&)>;
-        using Getter = std::function<QVariant()>;
-        const QMap<QString, QPair<Setter, Getter>> accessors = {
-            {"ColorManagement/MissingPolicy",
-             {[](const QVariant& v) {
-                  App::SetColorManagementMissingPolicy(
-                      App::ColorManagementMissingPolicy(v.toInt()));
-              },
-              [] { return QVariant(int(App::GetColorManagementMissingPolicy())); }}},
-            {"ColorManagement/EqualPolicy",
-             {[](const QVariant& v) {
-                  App::SetColorManagementEqualPolicy(App::ColorManagementEqualPolicy(v.toInt()));
-              },
-              [] { return QVariant(int(App::GetColorManagementEqualPolicy())); }}},
-            {"ColorManagement/NotEqualPolicy",
-             {[](const QVariant& v) {
-                  App::SetColorManagementNotEqualPolicy(
-                      App::ColorManagementNotEqualPolicy(v.toInt()));
-              },
-              [] { return QVariant(int(App::GetColorManagementNotEqualPolicy())); }}},
-            {"ColorManagement/ColorSpaceMismatchPolicy",
-             {[](const QVariant& v) {
-                  App::SetColorManagementColorSpaceMismatchPolicy(
-                      App::ColorManagementColorSpaceMismatchPolicy(v.toInt()));
-              },
-              [] { return QVariant(int(App::GetColorManagementColorSpaceMismatchPolicy())); }}},
-            {"MessagesAndConfirmationsSettings/ShowPNGCompressionSettings",
-             {[](const QVariant& v) { App::SetPNGCompressionVisible(v.toBool()); },
-              [] { return QVariant(App::IsPNGCompressionVisible()); }}},
-            {"MessagesAndConfirmationsSettings/ShowJPGCompressionSettings",
-             {[](const QVariant& v) { App::SetJPGCompressionVisible(v.toBool()); },
-              [] { return QVariant(App::IsJPGCompressionVisible()); }}},
-            {"MessagesAndConfirmationsSettings/ShowTIFFCompressionSettings",
-             {[](const QVariant& v) { App::SetTIFCompressionVisible(v.toBool()); },
-              [] { return QVariant(App::IsTIFCompressionVisible()); }}},
-            {"DocumentIO/IncompleteInfoState",
-             {[](const QVariant& v) { App::SetWarnAboutLayerInfo(v.toBool()); },
-              [] { return QVariant(App::WarnAboutLayerInfo()); }}},
-            {"Save/PathOpen",
-             {[](const QVariant& v) { App::SetPathOpen(v.toString()); },
-              [] { return QVariant(App::GetPathOpen()); }}},
-            {"Save/PathExport",
-             {[](const QVariant& v) { App::SetPathExport(v.toString()); },
-              [] { return QVariant(App::GetPathExport()); }}},
-            {"Batch/Path/Open",
-             {[](const QVariant& v) { App::SetBatchPathOpen(v.toString()); },
-              [] { return QVariant(App::GetBatchPathOpen()); }}},
-            {"Batch/Path/Input",
-             {[](const QVariant& v) { App::SetBatchPathInput(v.toString()); },
-              [] { return QVariant(App::GetBatchPathInput()); }}},
-            {"Batch/Path/Output",
-             {[](const QVariant& v) { App::SetBatchPathOutput(v.toString()); },
-              [] { return QVariant(App::GetBatchPathOutput()); }}},
-            {"Colors/Background",
-             {[](const QVariant& v) { App::SetBackground(v.value<QColor>()); },
-              [] { return QVariant(App::GetBackground()); }}},
-            {"Colors/Foreground",
-             {[](const QVariant& v) { App::SetForeground(v.value<QColor>()); },
-              [] { return QVariant(App::GetForeground()); }}},
-            {"Colors/Mask/Background",
-             {[](const QVariant& v) { App::SetMaskBackground(v.value<QColor>()); },
-              [] { return QVariant(App::GetMaskBackground()); }}},
-            {"Colors/Mask/Foreground",
-             {[](const QVariant& v) { App::SetMaskForeground(v.value<QColor>()); },
-              [] { return QVariant(App::GetMaskForeground()); }}},
-            {"TexturePatternIndex",
-             {[](const QVariant& v) { App::SetTexturePatternIndex(v.toInt()); },
-              [] { return QVariant(App::GetTexturePatternIndex()); }}},
-        };
-        QVERIFY(accessors.contains(key));
-        const auto& [set, get] = accessors.value(key);
-
-        set(stored);
-        QCOMPARE(StoredUserValue(key).toString(), stored.toString());
-        if (stored.userType() == QMetaType::QColor)
-            QCOMPARE(StoredUserValue(key).value<QColor>(), stored.value<QColor>());
-        QCOMPARE(get(), stored);
-    }
-
+    // Every role's key, as existing user files hold them.
     void roleNames_data()
     {
         QTest::addColumn<int>("role");
         QTest::addColumn<QString>("key");
-        QTest::newRow("first") << int(App::Version) << "Version";
-        QTest::newRow("language") << int(App::LanguageIndex) << "Language/Index";
-        QTest::newRow("profile") << int(App::WorkingProfileID)
-                                 << "ColorManagement/WorkingProfileID";
-        QTest::newRow("suffix") << int(App::SaveAsSuffix) << "SaveAs/Suffix";
-        QTest::newRow("startup") << int(App::StartupWindowShow) << "StartupWindow/Show";
-        QTest::newRow("update") << int(App::CheckForUpdate) << "Miscellaneous/CheckForUpdate";
-        QTest::newRow("remind date") << int(App::UpdateRemindDate) << "Update/RemindDate";
-        QTest::newRow("last") << int(App::ApplicationTemporaryPath) << "ApplicationTemporaryPath";
+        const char* const keys[] = {"Version",
+                                    "Language/Index",
+                                    "Theme/Path",
+                                    "ColorManagement/WorkingProfileID",
+                                    "ColorManagement/MissingPolicy",
+                                    "ColorManagement/EqualPolicy",
+                                    "ColorManagement/NotEqualPolicy",
+                                    "ColorManagement/ColorSpaceMismatchPolicy",
+                                    "MessagesAndConfirmationsSettings/ShowPNGCompressionSettings",
+                                    "MessagesAndConfirmationsSettings/ShowJPGCompressionSettings",
+                                    "MessagesAndConfirmationsSettings/ShowTIFFCompressionSettings",
+                                    "Save/PathOpen",
+                                    "Save/PathExport",
+                                    "SaveAs/Suffix",
+                                    "Batch/Path/Open",
+                                    "Batch/Path/Input",
+                                    "Batch/Path/Output",
+                                    "Colors/Background",
+                                    "Colors/Foreground",
+                                    "Colors/Mask/Background",
+                                    "Colors/Mask/Foreground",
+                                    "StartupWindow/Show",
+                                    "Miscellaneous/CheckForUpdate",
+                                    "Update/Remind",
+                                    "Update/RemindDate",
+                                    "TexturePatternIndex",
+                                    "ApplicationTemporaryPath"};
+        for (int role = 0; role < 27; ++role)
+            QTest::newRow(keys[role]) << role << keys[role];
         QTest::newRow("past the last") << 27 << QString();
         QTest::newRow("negative") << -1 << QString();
     }
@@ -208,6 +111,30 @@ private Q_SLOTS:
         QFETCH(int, role);
         QFETCH(QString, key);
         QCOMPARE(App::GetName(App::UseDataRole(role)), key);
+    }
+
+    // The typed setters write through their role's key (one of each kind).
+    void typedAccessorsRoundTrip()
+    {
+        App::SetColorManagementNotEqualPolicy(App::NotEqualAsk);
+        App::SetJPGCompressionVisible(false);
+        App::SetWarnAboutLayerInfo(false);
+        App::SetBatchPathOutput("/batch/out");
+        App::SetMaskForeground(QColor(1, 2, 3, 4));
+
+        QCOMPARE(StoredUserValue("ColorManagement/NotEqualPolicy").toInt(), 3);
+        QVERIFY(!StoredUserValue("MessagesAndConfirmationsSettings/ShowJPGCompressionSettings")
+                     .toBool());
+        QVERIFY(!StoredUserValue("DocumentIO/IncompleteInfoState").toBool());
+        QCOMPARE(StoredUserValue("Batch/Path/Output").toString(), QString("/batch/out"));
+        QCOMPARE(StoredUserValue("Colors/Mask/Foreground").value<QColor>(), QColor(1, 2, 3, 4));
+
+        QCOMPARE(App::GetColorManagementNotEqualPolicy(), App::NotEqualAsk);
+        QVERIFY(!App::IsJPGCompressionVisible());
+        QVERIFY(App::IsPNGCompressionVisible());
+        QVERIFY(!App::WarnAboutLayerInfo());
+        QCOMPARE(App::GetBatchPathOutput(), QString("/batch/out"));
+        QCOMPARE(App::GetMaskForeground(), QColor(1, 2, 3, 4));
     }
 
     void byRoleAccessIsByKey()

@@ -1,9 +1,9 @@
+#include "TestImagePlugin.h"
 #include "TestSupport.h"
 
 #include <IBrushFactory.h>
 #include <IPluginContainer.h>
 #include <KVCMSProfile.h>
-#include <KVImageFilePlugin.h>
 #include <KVPixelRatioRound.h>
 #include <KVPlugin.h>
 
@@ -54,25 +54,6 @@ public:
     QList<KVPlugin*> GetPlugins() override { return {}; }
 };
 
-class ImageFilePlugin : public KVImageFilePlugin
-{
-    Q_OBJECT
-public:
-    QString GetUID() const override { return "{6f1c4d1e-0000-4000-8000-000000000001}"; }
-    QStringList GetReaderUIDs() const override { return {}; }
-    QStringList GetWriterUIDs() const override { return {}; }
-    QStringList GetFormats() const override { return {"png"}; }
-    QStringList GetGroups() const override { return {}; }
-    QString GetGroupName(const QString&) const override { return {}; }
-    QStringList GetGroupFormats(const QString&) const override { return {}; }
-    bool IsFormatEnabled(const QString&) const override { return true; }
-    KVImageFileReader* CreateReader(const QString&) override { return nullptr; }
-    KVImageFileReader* CreateReaderByUID(const QString&) override { return nullptr; }
-    KVImageFileWriter* CreateWriter(const QString&) override { return nullptr; }
-    KVImageFileWriter* CreateWriterByUID(const QString&) override { return nullptr; }
-    void ReleaseReader(KVImageFileReader*) override {}
-    void ReleaseWriter(KVImageFileWriter*) override {}
-};
 } // namespace
 
 // The SDK types that plug-ins compile against.
@@ -168,7 +149,7 @@ private Q_SLOTS:
         QVERIFY(dynamic_cast<IBrushFactory*>(plugin));
         QCOMPARE(plugin->GetType(), int(KVPlugin::GenericType));
 
-        ImageFilePlugin imageFile;
+        TestImagePlugin imageFile({});
         plugin = &imageFile;
         QCOMPARE(plugin->GetType(), 2);
         QCOMPARE(qobject_cast<KVImageFilePlugin*>(plugin), &imageFile);
