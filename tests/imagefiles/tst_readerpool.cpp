@@ -17,18 +17,6 @@
 using Manager = KVImageFileManager;
 
 namespace {
-std::unique_ptr<TestImagePlugin> MakePlugin(const QStringList& formats,
-                                            const QStringList& readerFormats = {},
-                                            bool makesReaders = true)
-{
-    TestImagePluginConfig config;
-    config.formats = formats;
-    config.readerFormats = readerFormats;
-    config.makesReaders = makesReaders;
-    config.readerUIDs = QStringList{QUuid::createUuid().toString()};
-    return std::make_unique<TestImagePlugin>(config);
-}
-
 QSet<KVImageFileReader*> ToSet(const QList<KVImageFileReader*>& readers)
 {
     return QSet<KVImageFileReader*>(readers.begin(), readers.end());
@@ -84,11 +72,29 @@ class ReaderPoolTest : public QObject
 {
     Q_OBJECT
 
+private:
+    // Registered plug-ins outlive the pool, as the editor keeps them.
+    std::vector<std::unique_ptr<TestImagePlugin>> m_plugins;
+
+    TestImagePlugin* AddPlugin(const QStringList& formats, const QStringList& readerFormats = {},
+                               bool makesReaders = true)
+    {
+        TestImagePluginConfig config;
+        config.formats = formats;
+        config.readerFormats = readerFormats;
+        config.makesReaders = makesReaders;
+        config.readerUIDs = QStringList{QUuid::createUuid().toString()};
+        m_plugins.push_back(std::make_unique<TestImagePlugin>(config));
+        Manager::Register(m_plugins.back().get());
+        return m_plugins.back().get();
+    }
+
 private Q_SLOTS:
     void init() { Manager::InitInstance(); }
     void cleanup()
     {
         Manager::ReleaseReadersPool();
+        m_plugins.clear();
         Manager::ReleaseInstance();
     }
 
@@ -100,12 +106,9 @@ private Q_SLOTS:
 
     void suffixesOfOneReaderShareAPool()
     {
-        auto jpeg = MakePlugin({"jpeg", "jpg"}, {"jpeg", "jpg"});
-        auto png = MakePlugin({"png"});
-        auto gif = MakePlugin({"gif"}, {"gif"}, false); // makes no readers
-        Manager::Register(jpeg.get());
-        Manager::Register(png.get());
-        Manager::Register(gif.get());
+        TestImagePlugin* jpeg = AddPlugin({"jpeg", "jpg"}, {"jpeg", "jpg"});
+        TestImagePlugin* png = AddPlugin({"png"});
+        AddPlugin({"gif"}, {"gif"}, false); // makes no readers
         QVERIFY(Manager::InitReadersPool());
         QVERIFY(Manager::InitReadersPool()); // formats with a pool get no second one
         QCOMPARE(jpeg->m_readersMade, PoolSize());
@@ -124,8 +127,7 @@ private Q_SLOTS:
         QVERIFY(!Manager::AcquireReader("tif"));
 
         // A format registered later gets its pool from the next call.
-        auto tif = MakePlugin({"tif"});
-        Manager::Register(tif.get());
+        AddPlugin({"tif"});
         QVERIFY(!Manager::AcquireReader("tif"));
         Manager::InitReadersPool();
         KVImageFileReader* reader = Manager::AcquireReader("TIF");
@@ -136,8 +138,7 @@ private Q_SLOTS:
 
     void readersComeBackInStackOrder()
     {
-        auto png = MakePlugin({"png"});
-        Manager::Register(png.get());
+        TestImagePlugin* png = AddPlugin({"png"});
         Manager::InitReadersPool();
         if (PoolSize() < 2)
             QSKIP("needs a pool of two readers");
@@ -160,8 +161,7 @@ private Q_SLOTS:
 
     void borrowerWaitsForAFreeReader()
     {
-        auto png = MakePlugin({"png"});
-        Manager::Register(png.get());
+        TestImagePlugin* png = AddPlugin({"png"});
         Manager::InitReadersPool();
 
         const QList<KVImageFileReader*> lent = AcquireAll("png");
@@ -177,8 +177,7 @@ private Q_SLOTS:
 
     void relocationWaitsForLentReaders()
     {
-        auto png = MakePlugin({"png"});
-        Manager::Register(png.get());
+        TestImagePlugin* png = AddPlugin({"png"});
         Manager::InitReadersPool();
         const QList<KVImageFileReader*> all = AcquireAll("png");
         ReleaseAll(all);
@@ -222,8 +221,7 @@ private Q_SLOTS:
 
     void releasingThePoolDisposesOfItsReaders()
     {
-        auto png = MakePlugin({"png"});
-        Manager::Register(png.get());
+        TestImagePlugin* png = AddPlugin({"png"});
         Manager::InitReadersPool();
         KVImageFileReader* own = Manager::CreateReader("png");
 
@@ -233,18 +231,22 @@ private Q_SLOTS:
         Manager::ReleaseReader(own);
         QCOMPARE(png->m_readersReleased, PoolSize() + 1);
 
-        // Pools whose plug-in was unregistered meanwhile are emptied as well.
+        // Pools whose plug-in was unregistered meanwhile are emptied as well;
+        // their readers are no longer the manager's to hand back.
         Manager::InitReadersPool();
-        Manager::Unregister(png.get());
+        const QList<KVImageFileReader*> orphans = AcquireAll("png");
+        ReleaseAll(orphans);
+        Manager::Unregister(png);
         Manager::ReleaseReadersPool();
         QVERIFY(!Manager::AcquireReader("png"));
+        QCOMPARE(png->m_readersReleased, PoolSize() + 1);
+        qDeleteAll(orphans);
     }
 
     // Many threads borrow at once; no reader is ever lent twice or lost.
     void stress()
     {
-        auto png = MakePlugin({"png"});
-        Manager::Register(png.get());
+        TestImagePlugin* png = AddPlugin({"png"});
         Manager::InitReadersPool();
         const QList<KVImageFileReader*> readers = AcquireAll("png");
         ReleaseAll(readers);
