@@ -31,5 +31,5 @@ double RatioReporter::ItemsPerSecond(const std::string& name) const
 
 void PrintRatio(const char* label, double value, const char* unit, bool met, const char* target)
 {
-    std::printf("%-58s %10.2f%-3s %-24s %s\n", label, value, unit, target, met ? "PASS" : "MISS");
+    std::printf("%-66s %10.2f%-3s %-24s %s\n", label, value, unit, target, met ? "PASS" : "MISS");
 }

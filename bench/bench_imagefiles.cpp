@@ -49,7 +49,56 @@ private:
     QVector<int*> m_free;
 };
 
-void PoolRoundTrip(benchmark::State& state)
+std::unique_ptr<TestImagePlugin> MakeFilterPlugin()
+{
+    TestImagePluginConfig config;
+    config.uid = QStringLiteral("{f17e0000-0000-4000-8000-000000000000}");
+    for (int i = 0; i < 100; ++i)
+        config.formats.append(QStringLiteral("f%1").arg(i, 3, 10, QLatin1Char('0')));
+    for (int g = 0; g < 30; ++g) {
+        TestGroup group{
+            QStringLiteral("{f17e%1-0000-4000-8000-000000000000}").arg(g, 4, 10, QLatin1Char('0')),
+            QStringLiteral("Group %1 image").arg(g),
+            {}};
+        for (int i = 0; i < 10; ++i)
+            group.formats.append(config.formats.at((g * 3 + i) % 100));
+        config.groups.append(group);
+    }
+    return std::make_unique<TestImagePlugin>(config);
+}
+// The registry for these measures: the reader pool's plug-in, and a second one
+// whose 100 formats in 30 groups feed the dialog filter (its formats have no
+// pools: the pool exists first). Made by the first thread of each run.
+class ImageFiles : public benchmark::Fixture
+{
+public:
+    void SetUp(benchmark::State& state) override
+    {
+        if (state.thread_index() != 0)
+            return;
+        Manager::InitInstance();
+        TestImagePluginConfig png;
+        png.formats = QStringList{QStringLiteral("png")};
+        png.readerUIDs = QStringList{QStringLiteral("{be9c0000-0000-4000-8000-000000000001}")};
+        s_pngPlugin = new TestImagePlugin(png);
+        Manager::Register(s_pngPlugin);
+        Manager::InitReadersPool();
+        s_filterPlugin = MakeFilterPlugin().release();
+        Manager::Register(s_filterPlugin);
+    }
+
+    void TearDown(benchmark::State& state) override
+    {
+        if (state.thread_index() != 0)
+            return;
+        Manager::ReleaseReadersPool();
+        Manager::ReleaseInstance();
+        delete s_filterPlugin;
+        delete s_pngPlugin;
+    }
+};
+
+BENCHMARK_DEFINE_F(ImageFiles, PoolRoundTrip)(benchmark::State& state)
 {
     for (auto _ : state) {
         KVImageFileReader* reader = Manager::AcquireReader(QStringLiteral("png"));
@@ -58,7 +107,7 @@ void PoolRoundTrip(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(PoolRoundTrip)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK_REGISTER_F(ImageFiles, PoolRoundTrip)->Threads(1)->Threads(2)->UseRealTime();
 
 // A decoding thread does real work between borrows; about a third of a microsecond
 // of it shows how the pool shares out under a load closer to the editor's.
@@ -69,7 +118,7 @@ void DecodeWork()
         benchmark::DoNotOptimize(work += i * work + 1);
 }
 
-void PoolRoundTripWithWork(benchmark::State& state)
+BENCHMARK_DEFINE_F(ImageFiles, PoolRoundTripWithWork)(benchmark::State& state)
 {
     for (auto _ : state) {
         KVImageFileReader* reader = Manager::AcquireReader(QStringLiteral("png"));
@@ -79,7 +128,7 @@ void PoolRoundTripWithWork(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(PoolRoundTripWithWork)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK_REGISTER_F(ImageFiles, PoolRoundTripWithWork)->Threads(1)->Threads(2)->UseRealTime();
 
 // The same work without borrowing: how far two threads can scale at all here.
 void WorkAlone(benchmark::State& state)
@@ -102,7 +151,7 @@ void BareRoundTrip(benchmark::State& state)
 }
 BENCHMARK(BareRoundTrip)->Threads(1)->Threads(2)->UseRealTime();
 
-void CreateReaderPerRequest(benchmark::State& state)
+BENCHMARK_DEFINE_F(ImageFiles, CreateReaderPerRequest)(benchmark::State& state)
 {
     for (auto _ : state) {
         KVImageFileReader* reader = Manager::CreateReader(QStringLiteral("png"));
@@ -111,64 +160,23 @@ void CreateReaderPerRequest(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(CreateReaderPerRequest)->UseRealTime();
+BENCHMARK_REGISTER_F(ImageFiles, CreateReaderPerRequest)->UseRealTime();
 
-void FilterForRead30Groups100Formats(benchmark::State& state)
+BENCHMARK_DEFINE_F(ImageFiles, FilterForRead30Groups100Formats)(benchmark::State& state)
 {
     for (auto _ : state)
         benchmark::DoNotOptimize(Manager::GetFilterForRead());
 }
-BENCHMARK(FilterForRead30Groups100Formats)->UseRealTime();
-
-std::unique_ptr<TestImagePlugin> MakeFilterPlugin()
-{
-    TestImagePluginConfig config;
-    config.uid = QStringLiteral("{f17e0000-0000-4000-8000-000000000000}");
-    for (int i = 0; i < 100; ++i)
-        config.formats.append(QStringLiteral("f%1").arg(i, 3, 10, QLatin1Char('0')));
-    for (int g = 0; g < 30; ++g) {
-        TestGroup group{
-            QStringLiteral("{f17e%1-0000-4000-8000-000000000000}").arg(g, 4, 10, QLatin1Char('0')),
-            QStringLiteral("Group %1 image").arg(g),
-            {}};
-        for (int i = 0; i < 10; ++i)
-            group.formats.append(config.formats.at((g * 3 + i) % 100));
-        config.groups.append(group);
-    }
-    return std::make_unique<TestImagePlugin>(config);
-}
+BENCHMARK_REGISTER_F(ImageFiles, FilterForRead30Groups100Formats)->UseRealTime();
 } // namespace
-
-// The reader pool's plug-in, and a second one whose 100 formats in 30 groups
-// feed the dialog filter (its formats have no pools: the pool exists first).
-void SetUpImageFiles()
-{
-    Manager::InitInstance();
-    TestImagePluginConfig png;
-    png.formats = QStringList{QStringLiteral("png")};
-    png.readerUIDs = QStringList{QStringLiteral("{be9c0000-0000-4000-8000-000000000001}")};
-    s_pngPlugin = new TestImagePlugin(png);
-    Manager::Register(s_pngPlugin);
-    Manager::InitReadersPool();
-    s_filterPlugin = MakeFilterPlugin().release();
-    Manager::Register(s_filterPlugin);
-}
-
-void TearDownImageFiles()
-{
-    Manager::ReleaseReadersPool();
-    Manager::ReleaseInstance();
-    delete s_filterPlugin;
-    delete s_pngPlugin;
-}
 
 void PrintImageFileRatios(const RatioReporter& report)
 {
-    const double pool = report.Nanoseconds("PoolRoundTrip/real_time/threads:1");
+    const double pool = report.Nanoseconds("ImageFiles/PoolRoundTrip/real_time/threads:1");
     const double bare = report.Nanoseconds("BareRoundTrip/real_time/threads:1");
-    const double create = report.Nanoseconds("CreateReaderPerRequest/real_time");
-    const double one = report.ItemsPerSecond("PoolRoundTrip/real_time/threads:1");
-    const double two = report.ItemsPerSecond("PoolRoundTrip/real_time/threads:2");
+    const double create = report.Nanoseconds("ImageFiles/CreateReaderPerRequest/real_time");
+    const double one = report.ItemsPerSecond("ImageFiles/PoolRoundTrip/real_time/threads:1");
+    const double two = report.ItemsPerSecond("ImageFiles/PoolRoundTrip/real_time/threads:2");
     if (pool <= 0 || bare <= 0 || create <= 0 || one <= 0 || two <= 0)
         return;
     std::printf("\nReader pool\n");
@@ -179,16 +187,19 @@ void PrintImageFileRatios(const RatioReporter& report)
                create / pool >= 10, "(at least 10x)");
     PrintRatio("pool throughput, two threads / one thread", two / one, "x", two / one >= 1.0,
                "(at least 1.0x)");
-    const double workOne = report.ItemsPerSecond("PoolRoundTripWithWork/real_time/threads:1");
-    const double workTwo = report.ItemsPerSecond("PoolRoundTripWithWork/real_time/threads:2");
+    const double workOne =
+        report.ItemsPerSecond("ImageFiles/PoolRoundTripWithWork/real_time/threads:1");
+    const double workTwo =
+        report.ItemsPerSecond("ImageFiles/PoolRoundTripWithWork/real_time/threads:2");
     const double aloneOne = report.ItemsPerSecond("WorkAlone/real_time/threads:1");
     const double aloneTwo = report.ItemsPerSecond("WorkAlone/real_time/threads:2");
     if (workOne > 0 && workTwo > 0 && aloneOne > 0 && aloneTwo > 0) {
         PrintRatio("  the same with 0.3 us of work per borrow", workTwo / workOne, "x",
                    workTwo / workOne >= 1.0, "(at least 1.0x)");
-        std::printf("%-58s %10.2f%-3s\n", "  the work alone, two threads / one thread",
+        std::printf("%-66s %10.2f%-3s\n", "  the work alone, two threads / one thread",
                     aloneTwo / aloneOne, "x");
     }
-    std::printf("%-58s %10.2f%-3s\n", "dialog filter, 30 groups over 100 formats",
-                report.Nanoseconds("FilterForRead30Groups100Formats/real_time") / 1000.0, "us");
+    std::printf("%-66s %10.2f%-3s\n", "dialog filter, 30 groups over 100 formats",
+                report.Nanoseconds("ImageFiles/FilterForRead30Groups100Formats/real_time") / 1000.0,
+                "us");
 }

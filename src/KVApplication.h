@@ -7,6 +7,9 @@
 
 #include "kvcore_export.h"
 
+#include <vector>
+
+class IBrushFactory;
 class QAction;
 
 // The editor's application object: construct it once, in place of a plain
@@ -78,6 +81,17 @@ public:
         MismatchDiscardEmbedded = 1,
         MismatchAsk = 2,
     };
+
+    // Plug-in families, by the base names of their files.
+    enum PluginsLoadType
+    {
+        AdjustmentsPlugins = 0x01, // libadjustments
+        FiltersPlugins = 0x02,     // libfilter
+        ImageIOPlugins = 0x04,     // libimageio
+        BrushesPlugins = 0x08,     // every plug-in of the brush folder
+        ToolsPlugins = 0x10,       // libbasictools and libgeneraltools
+    };
+    Q_DECLARE_FLAGS(PluginsLoadTypes, PluginsLoadType)
 
     KVApplication(int& argc, char** argv);
     ~KVApplication() override;
@@ -169,6 +183,41 @@ public:
     // The delay before a progress display appears, in milliseconds.
     static int GetProgressTimeout();
 
+    // Plug-ins: the folders named by "brush" and "general" in the resource
+    // folder's plugins.ini (relative to the executable's folder) hold plug-in
+    // files with the suffix "dylib". Every load attempt leaves a record; the
+    // loading signals report each file, with events processed around it.
+
+    // Loads the brush folder, then every plug-in of the general folder, and
+    // emits PluginsLoadingFinished(). Nothing loads without a general folder.
+    void LoadPlugins();
+    // The same for the chosen families only.
+    void LoadPlugins(QFlags<PluginsLoadType> types);
+    // Loads the given files in order (no PluginsLoadingFinished()).
+    void LoadPlugins(const QStringList& files);
+    void LoadPlugin(const QString& file);
+    // The canonical paths where a family's versioned files are expected
+    // (libimageio.2.dylib); an empty string for a file that does not exist,
+    // an empty list for a combination of families.
+    QStringList PluginFileName(PluginsLoadType type);
+    // The brush factory of the plug-in with the UID
+    // {00000000-0000-0000-0000-000000000002}, or null.
+    static IBrushFactory* GetBrushFactory();
+
+    // Releases and unloads every loaded container in reverse load order,
+    // unregistering its image-file plug-ins first. The last plug-in call of a run.
+    void UnloadPlugins();
+    // Releases and unloads the containers loaded from these paths and drops
+    // their records (failed ones too).
+    void UnloadPlugins(const QStringList& files);
+    void UnloadPlugin(const QString& file);
+    // The files whose load failed, in the order they were tried.
+    std::vector<QString> GetErrorPlugins();
+    // "Plugin OK.", the error of the file's first record, or "Errors not found".
+    QString GetErrorInfo(const QString& file);
+    // Tells every loaded container that the main window stands.
+    void UIReady();
+
 Q_SIGNALS:
     void BackgroundChanged();
     void ForegroundChanged();
@@ -186,3 +235,5 @@ private:
     class Private;
     Private* d = nullptr;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(KVApplication::PluginsLoadTypes)

@@ -7,11 +7,32 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 class IBrushFactory;
+class QPluginLoader;
 
 class KVApplication::Private
 {
 public:
+    // One plug-in load attempt.
+    struct PluginStatus
+    {
+        enum Status
+        {
+            NotLoaded = 1,
+            LoadError = 2,
+            Loaded = 3,
+            MissingFile = 7,
+        };
+
+        qint32 status = NotLoaded;
+        QString fileName;                // as asked for
+        QString errorInfo;               // "Plugin OK." or why it failed
+        qint32 loadingTime = 0;          // milliseconds
+        QPluginLoader* loader = nullptr; // owned; set only while loaded
+    };
+
     explicit Private(KVApplication* owner);
     ~Private();
 
@@ -32,6 +53,12 @@ public:
 
     QStringList MakeLangList(const QString& path);
 
+    void LoadPlugins(const QStringList& files);
+    PluginStatus LoadPlugin(const QString& path);
+    void UnloadPlugins();
+    void UnloadPlugins(const QStringList& files);
+    void UIReady();
+
     // Typed access shared by the public accessors.
     static QColor GetColor(UseDataRole role, const QColor& defaultColor);
     static void SetColor(UseDataRole role, const QColor& defaultColor, const QColor& color,
@@ -45,6 +72,7 @@ public:
     QString m_language;
     QMap<QString, QString> m_languageNames;
     int m_theme = 0;
+    std::vector<PluginStatus> m_pluginStatus;
     QStringList m_patterns;
     QAction* m_pRefineSelection = nullptr;
 
@@ -58,5 +86,6 @@ public:
     static const QString m_pt;
 
 private:
+    void LogUnload(const PluginStatus& record);
     static void MoveSettingsFile(QString& settingsFile, const QString& folder);
 };

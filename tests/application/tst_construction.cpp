@@ -92,9 +92,9 @@ private Q_SLOTS:
         QFETCH(QStringList, languages);
         BundleFixture bundle;
         for (const QString& folder : folders)
-            bundle.MakeResourceFolder(folder);
+            bundle.MakeFolder("Resources/" + folder);
         for (const QString& file : files)
-            bundle.WriteResourceFile(file, "not a folder");
+            bundle.WriteFile("Resources/" + file, "not a folder");
 
         const auto run = bundle.RunScenario("construction");
         QCOMPARE(run.exitCode, 0);

@@ -138,7 +138,7 @@ private Q_SLOTS:
 
     void readersComeBackInStackOrder()
     {
-        TestImagePlugin* png = AddPlugin({"png"});
+        AddPlugin({"png"});
         Manager::InitReadersPool();
         if (PoolSize() < 2)
             QSKIP("needs a pool of two readers");
@@ -161,7 +161,7 @@ private Q_SLOTS:
 
     void borrowerWaitsForAFreeReader()
     {
-        TestImagePlugin* png = AddPlugin({"png"});
+        AddPlugin({"png"});
         Manager::InitReadersPool();
 
         const QList<KVImageFileReader*> lent = AcquireAll("png");
@@ -246,7 +246,7 @@ private Q_SLOTS:
     // Many threads borrow at once; no reader is ever lent twice or lost.
     void stress()
     {
-        TestImagePlugin* png = AddPlugin({"png"});
+        AddPlugin({"png"});
         Manager::InitReadersPool();
         const QList<KVImageFileReader*> readers = AcquireAll("png");
         ReleaseAll(readers);

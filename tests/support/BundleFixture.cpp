@@ -71,18 +71,26 @@ QString BundleFixture::HomePath() const
     return m_root.path() + QStringLiteral("/home");
 }
 
-void BundleFixture::MakeResourceFolder(const QString& relative) const
+void BundleFixture::MakeFolder(const QString& relative) const
 {
-    QDir().mkpath(ResourcesPath() + QLatin1Char('/') + relative);
+    QDir().mkpath(ContentsPath() + QLatin1Char('/') + relative);
 }
 
-void BundleFixture::WriteResourceFile(const QString& relative, const QByteArray& data) const
+void BundleFixture::WriteFile(const QString& relative, const QByteArray& data) const
 {
-    const QString path = ResourcesPath() + QLatin1Char('/') + relative;
+    const QString path = ContentsPath() + QLatin1Char('/') + relative;
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(data);
+}
+
+void BundleFixture::CopyFile(const QString& source, const QString& relative) const
+{
+    const QString path = ContentsPath() + QLatin1Char('/') + relative;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile::remove(path);
+    QFile::copy(source, path);
 }
 
 void BundleFixture::SetEnvironment(const QString& name, const QString& value)

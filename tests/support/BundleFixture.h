@@ -31,9 +31,10 @@ public:
     QString ResourcesPath() const;
     QString HomePath() const;
 
-    // Paths relative to Contents/Resources.
-    void MakeResourceFolder(const QString& relative) const;
-    void WriteResourceFile(const QString& relative, const QByteArray& data) const;
+    // Paths relative to Contents (Resources/en.lproj, PlugIns/libx.dylib).
+    void MakeFolder(const QString& relative) const;
+    void WriteFile(const QString& relative, const QByteArray& data) const;
+    void CopyFile(const QString& source, const QString& relative) const;
 
     void SetEnvironment(const QString& name, const QString& value);
     Result RunScenario(const QString& scenario, const QStringList& arguments = {}) const;

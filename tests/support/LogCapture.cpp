@@ -69,10 +69,15 @@ int LogCapture::SourceLine(const QString& sourceFile, const QString& needle)
     QFile file(KVTest::SourcePath(sourceFile + QStringLiteral(".cpp")));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return -1;
+    // A log statement may span lines: its line is that of the KV_LOG before the needle.
     QTextStream stream(&file);
+    int logLine = -1;
     for (int number = 1; !stream.atEnd(); ++number) {
-        if (stream.readLine().contains(needle))
-            return number;
+        const QString line = stream.readLine();
+        if (line.contains(QLatin1String("KV_LOG")))
+            logLine = number;
+        if (line.contains(needle))
+            return logLine;
     }
     return -1;
 }

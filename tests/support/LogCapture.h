@@ -25,7 +25,7 @@ public:
     // A log line with its build date and time replaced by DATE and TIME; unchanged
     // when the stamp is not in the compiler's form.
     static QString WithoutBuildStamp(const QString& line);
-    // The 1-based line of sourceFile.cpp that holds needle, or -1.
+    // The 1-based line of the log statement in sourceFile.cpp that holds needle, or -1.
     static int SourceLine(const QString& sourceFile, const QString& needle);
 
 private:

@@ -1,0 +1,3 @@
+#include "KVAdjustmentManager_p.h"
+
+KVAdjustmentManager* KVAdjustmentManager::Private::m_pInstance = nullptr;

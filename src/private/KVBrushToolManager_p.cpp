@@ -1,0 +1,3 @@
+#include "KVBrushToolManager_p.h"
+
+KVBrushToolManager* KVBrushToolManager::Private::m_pInstance = nullptr;

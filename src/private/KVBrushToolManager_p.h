@@ -1,0 +1,16 @@
+#pragma once
+
+#include "KVBrushToolManager.h"
+#include "KVRegistry_p.h"
+
+class KVBrushToolManager::Private
+{
+public:
+    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+
+    KVBrushToolManager* q = nullptr;
+    KVRegistry<KVBrushPlugin> m_registry;
+    KVBrushPlugin* m_pMainBrushPlugin = nullptr; // main thread only
+
+    static KVBrushToolManager* m_pInstance;
+};

@@ -1,0 +1,24 @@
+#include "TestCallLog.h"
+
+#include <QMutex>
+
+namespace {
+QMutex s_lock;
+QStringList s_calls;
+} // namespace
+
+namespace TestCallLog {
+
+void Append(const QString& call)
+{
+    QMutexLocker locker(&s_lock);
+    s_calls.append(call);
+}
+
+QStringList Take()
+{
+    QMutexLocker locker(&s_lock);
+    return std::exchange(s_calls, {});
+}
+
+} // namespace TestCallLog

@@ -1,0 +1,150 @@
+// A plug-in container for the loader's tests, built in several kinds:
+//   KV_KIND_IMAGE           one image-file plug-in reading KV_CONTAINER_NAME files
+//   KV_KIND_BRUSH           the brush factory
+//   KV_KIND_TWO_BRUSHES     two objects with the brush factory's UID, the last no factory
+//   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
+//   KV_KIND_EMPTY           no plug-in objects
+//   KV_KIND_MISSING_SYMBOL  calls a function that no library defines
+// Every kind logs the calls it receives to TestCallLog.
+
+#include "TestCallLog.h"
+#include "TestImagePlugin.h"
+
+#include <IBrushFactory.h>
+#include <IPluginContainer.h>
+#include <KVAdjustment.h>
+#include <KVAdjustmentManager.h>
+#include <KVApplication.h>
+#include <KVBrushPlugin.h>
+
+#include <QPointer>
+
+#if defined(KV_KIND_MISSING_SYMBOL)
+extern "C" void kv_missing_function();
+#endif
+
+namespace {
+const QString kName = QStringLiteral(KV_CONTAINER_NAME);
+const QString kBrushFactoryUID = QStringLiteral("{00000000-0000-0000-0000-000000000002}");
+} // namespace
+
+class TestBrushPlugin : public KVBrushPlugin
+{
+    Q_OBJECT
+public:
+    QString GetUID() const override { return kBrushFactoryUID; }
+};
+
+class TestBrushFactory : public TestBrushPlugin, public IBrushFactory
+{
+    Q_OBJECT
+public:
+    QStringList GetBrushIDs() const override { return {QStringLiteral("round")}; }
+    QString GetBrushName(const QString& id) const override
+    {
+        return id == QLatin1String("round") ? QStringLiteral("Round") : QString();
+    }
+    QImage CreateBrushTip(const QString& id, int diameter, qreal hardness) const override
+    {
+        if (id != QLatin1String("round") || diameter < 1)
+            return QImage();
+        QImage tip(diameter, diameter, QImage::Format_Alpha8);
+        tip.fill(int(255 * hardness));
+        return tip;
+    }
+};
+
+class TestAdjustment : public KVAdjustment
+{
+    Q_OBJECT
+public:
+    explicit TestAdjustment(const QString& id)
+        : m_id(id)
+    {}
+    QString GetUID() const override { return m_id; }
+    QString GetAdjustmentID() const override { return m_id; }
+
+private:
+    QString m_id;
+};
+
+namespace {
+QList<KVPlugin*> MakePlugins()
+{
+#if defined(KV_KIND_IMAGE)
+    TestImagePluginConfig config;
+    config.uid =
+        QStringLiteral("{7e57c000-0000-4000-8000-%1}").arg(qHash(kName), 12, 16, QLatin1Char('0'));
+    config.formats = QStringList{kName};
+    config.readerUIDs = QStringList{config.uid + QStringLiteral("-reader")};
+    return {new TestImagePlugin(config)};
+#elif defined(KV_KIND_BRUSH)
+    return {nullptr, new TestBrushFactory};
+#elif defined(KV_KIND_TWO_BRUSHES)
+    return {new TestBrushFactory, new TestBrushPlugin};
+#elif defined(KV_KIND_ADJUSTMENTS)
+    return {new TestAdjustment(kName + QStringLiteral(".invert")),
+            new TestAdjustment(kName + QStringLiteral(".grey"))};
+#else
+    return {};
+#endif
+}
+} // namespace
+
+class TestContainer : public QObject, public IPluginContainer
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID IPluginContainer_iid)
+    Q_INTERFACES(IPluginContainer)
+public:
+    void Initialize() override
+    {
+        Record(QStringLiteral("Initialize"));
+#if defined(KV_KIND_MISSING_SYMBOL)
+        kv_missing_function();
+#endif
+        if (!m_plugins.isEmpty())
+            return;
+        m_plugins = MakePlugins();
+        if (KVApplication* app = KVApplication::GetInstance()) {
+            m_flush = connect(app, &KVApplication::FlushPluginData, this,
+                              [] { Record(QStringLiteral("FlushPluginData")); });
+        }
+        for (KVPlugin* plugin : qAsConst(m_plugins)) {
+            if (auto* adjustment = qobject_cast<KVAdjustment*>(plugin))
+                KVAdjustmentManager::Register(adjustment);
+        }
+    }
+
+    void Release() override
+    {
+        Record(QStringLiteral("Release"));
+        disconnect(m_flush);
+        for (KVPlugin* plugin : qAsConst(m_plugins)) {
+            if (auto* adjustment = qobject_cast<KVAdjustment*>(plugin))
+                KVAdjustmentManager::Unregister(adjustment->GetAdjustmentID());
+        }
+        qDeleteAll(m_plugins);
+        m_plugins.clear();
+    }
+
+    void UIReady() override
+    {
+        Record(QStringLiteral("UIReady"));
+    }
+    QList<KVPlugin*> GetPlugins() override
+    {
+        return m_plugins;
+    }
+
+private:
+    static void Record(const QString& call)
+    {
+        TestCallLog::Append(kName + QLatin1Char(':') + call);
+    }
+
+    QList<KVPlugin*> m_plugins;
+    QMetaObject::Connection m_flush;
+};
+
+#include "TestContainer.moc"

@@ -1,0 +1,315 @@
+#include "LogCapture.h"
+#include "TestCallLog.h"
+#include "TestSupport.h"
+
+#include <IBrushFactory.h>
+#include <KVAdjustmentManager.h>
+#include <KVApplication.h>
+#include <KVImageFileManager.h>
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace {
+QString PluginFile(const QString& name)
+{
+    return QStringLiteral(KV_TEST_PLUGIN_DIR "/lib%1.dylib").arg(name);
+}
+
+// Loader log lines with their build stamp and loading time made neutral.
+QStringList LoaderLines(const LogCapture& capture)
+{
+    static const QRegularExpression time(QStringLiteral("Loading time is [0-9.e+-]+ sec"));
+    QStringList lines;
+    for (QString line : capture.StampedLines())
+        lines.append(line.replace(time, QStringLiteral("Loading time is T sec")));
+    return lines;
+}
+
+QString ExpectedLine(const QString& needle, const QString& message)
+{
+    return LogCapture::Expected("src/private/KVApplication_p", needle, message);
+}
+
+QString LoadedLine(const QString& path)
+{
+    return ExpectedLine(
+        "loaded successfully. Loading time",
+        QString("Plugin: \"%1\" loaded successfully. Loading time is T sec.").arg(path));
+}
+
+QString UnloadedLine(const QString& path)
+{
+    return ExpectedLine("is unloaded successfully.",
+                        QString("Plugin: \"%1\" is unloaded successfully.").arg(path));
+}
+
+// The application's loading signals, in the order they came.
+class LoadingEvents : public QObject
+{
+public:
+    explicit LoadingEvents(KVApplication* app)
+    {
+        connect(app, &KVApplication::PluginLoading, this,
+                [this](const QString& file) { events << "loading:" + file; });
+        connect(app, &KVApplication::PluginLoaded, this,
+                [this](const QString& file) { events << "loaded:" + file; });
+        connect(app, &KVApplication::PluginLoadingError, this,
+                [this](const QString& file, const QString& error) {
+                    events << "error:" + file;
+                    errors << error;
+                });
+        connect(app, &KVApplication::PluginsLoadingFinished, this,
+                [this] { events << "finished"; });
+    }
+    QStringList events;
+    QStringList errors;
+};
+} // namespace
+
+// Loading and unloading real plug-in files one by one, their records, and
+// what the loader hands to the registries.
+class PluginLoadingTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<KVApplication> m_app;
+    QTemporaryDir m_dir;
+    int m_argc = 1;
+    char m_name[8] = "Pelkaro";
+    char* m_argv[2] = {m_name, nullptr};
+
+    QString Copy(const QString& name, const QString& as)
+    {
+        const QString path = m_dir.filePath(as);
+        QFile::remove(path);
+        QFile::copy(PluginFile(name), path);
+        return path;
+    }
+
+    QString Write(const QString& as, const QByteArray& bytes)
+    {
+        QFile file(m_dir.filePath(as));
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        file.write(bytes);
+        return file.fileName();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_app = std::make_unique<KVApplication>(m_argc, m_argv);
+        KVImageFileManager::InitInstance();
+        KVAdjustmentManager::InitInstance();
+        TestCallLog::Take();
+    }
+
+    void cleanup()
+    {
+        m_app->UnloadPlugins();
+        // Rejected loaders are deleted later, by an event loop these tests never run.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        KVAdjustmentManager::ReleaseInstance();
+        KVImageFileManager::ReleaseInstance();
+        m_app.reset();
+    }
+
+    void oneFileOfEachKind_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("error"); // empty when it loads; a part of the message otherwise
+        QTest::addColumn<QStringList>("calls");
+
+        QTest::newRow("image container") << "tc_image_a"
+                                         << "" << QStringList{"image_a:Initialize"};
+        QTest::newRow("missing file") << "missing"
+                                      << "Missing file" << QStringList();
+        QTest::newRow("not a Qt plug-in") << "tc_plain"
+                                          << "Failed to extract plugin meta data" << QStringList();
+        QTest::newRow("other interface") << "tc_otherinterface"
+                                         << "Is not an Pelkaro's plugin." << QStringList();
+        QTest::newRow("empty container") << "tc_empty"
+                                         << "Empty container." << QStringList{"empty:Initialize"};
+        QTest::newRow("unresolved symbol") << "tc_missingsymbol"
+                                           << "kv_missing_function" << QStringList();
+        QTest::newRow("random bytes") << "random"
+                                      << "librandom.dylib" << QStringList();
+        QTest::newRow("truncated plug-in") << "truncated"
+                                           << "libtruncated.dylib" << QStringList();
+    }
+
+    void oneFileOfEachKind()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, error);
+        QFETCH(QStringList, calls);
+
+        QString path = PluginFile(kind);
+        if (kind == "missing") {
+            path = m_dir.filePath("libmissing.dylib");
+        } else if (kind == "random") {
+            QByteArray bytes(8192, '\0');
+            QRandomGenerator(11).fillRange(reinterpret_cast<quint32*>(bytes.data()), 2048);
+            path = Write("librandom.dylib", bytes);
+        } else if (kind == "truncated") {
+            QFile real(PluginFile("tc_image_a"));
+            QVERIFY(real.open(QIODevice::ReadOnly));
+            path = Write("libtruncated.dylib", real.readAll().left(int(real.size() / 2)));
+        }
+
+        LoadingEvents events(m_app.get());
+        LogCapture capture;
+        m_app->LoadPlugin(path);
+
+        QCOMPARE(TestCallLog::Take(), calls);
+        const QString info = m_app->GetErrorInfo(path);
+        if (error.isEmpty()) {
+            QCOMPARE(events.events, QStringList({"loading:" + path, "loaded:" + path}));
+            QCOMPARE(info, QString("Plugin OK."));
+            QVERIFY(m_app->GetErrorPlugins().empty());
+            QCOMPARE(LoaderLines(capture), QStringList{LoadedLine(path)});
+            return;
+        }
+        QCOMPARE(events.events, QStringList({"loading:" + path, "error:" + path}));
+        QCOMPARE(events.errors, QStringList{info});
+        QVERIFY2(info.contains(error), qPrintable(info));
+        QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>{path});
+        const QString line = ExpectedLine(
+            "loading error. Loading time",
+            QString("Plugin: \"%1\" loading error. Loading time is T sec. Error message is \"%2\".")
+                .arg(path, info));
+        QCOMPARE(LoaderLines(capture), QStringList{line});
+    }
+
+    void batchProcessesEventsAroundEveryFile()
+    {
+        LoadingEvents events(m_app.get());
+        connect(m_app.get(), &KVApplication::PluginLoading, this, [&] {
+            QMetaObject::invokeMethod(
+                this, [&] { events.events << "posted"; }, Qt::QueuedConnection);
+        });
+        const QString a = PluginFile("tc_image_a");
+        const QString missing = m_dir.filePath("libnone.dylib");
+        m_app->LoadPlugins(QStringList{a, missing});
+        m_app->LoadPlugins(QStringList());
+        QCOMPARE(events.events, QStringList({"loading:" + a, "posted", "loaded:" + a,
+                                             "loading:" + missing, "posted", "error:" + missing}));
+    }
+
+    void imageFilePluginsReachTheRegistry()
+    {
+        m_app->LoadPlugins(QStringList{PluginFile("tc_image_a"), PluginFile("tc_image_b")});
+        QCOMPARE(KVImageFileManager::GetSupportedReadFormats(),
+                 QStringList({"image_a", "image_b"}));
+
+        // Without the registry they load all the same, unregistered.
+        m_app->UnloadPlugins(QStringList{PluginFile("tc_image_b")});
+        KVImageFileManager::ReleaseInstance();
+        m_app->LoadPlugin(PluginFile("tc_image_b"));
+        QCOMPARE(m_app->GetErrorInfo(PluginFile("tc_image_b")), QString("Plugin OK."));
+        QVERIFY(m_app->GetErrorPlugins().empty());
+        KVImageFileManager::InitInstance();
+        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
+    }
+
+    void brushFactoryIsTheLastObjectWithItsUid()
+    {
+        QVERIFY(!KVApplication::GetBrushFactory());
+        m_app->LoadPlugin(PluginFile("tc_brush"));
+        IBrushFactory* factory = KVApplication::GetBrushFactory();
+        QVERIFY(factory);
+        QCOMPARE(factory->CreateBrushTip("round", 8, 1.0).size(), QSize(8, 8));
+
+        m_app->LoadPlugin(PluginFile("tc_twobrushes"));
+        QVERIFY2(!KVApplication::GetBrushFactory(), "the last object with the UID is no factory");
+        m_app->UnloadPlugin(PluginFile("tc_twobrushes"));
+        m_app->LoadPlugin(PluginFile("tc_brush"));
+        QVERIFY(KVApplication::GetBrushFactory());
+
+        m_app->UnloadPlugins();
+        QVERIFY(!KVApplication::GetBrushFactory());
+    }
+
+    void recordsAnswerFromTheFirstAttempt()
+    {
+        const QString late = m_dir.filePath("liblate.dylib");
+        m_app->LoadPlugin(late);
+        Copy("tc_image_a", "liblate.dylib");
+        m_app->LoadPlugin(late);
+        m_app->LoadPlugin(PluginFile("tc_empty"));
+        m_app->LoadPlugin(PluginFile("tc_image_b"));
+
+        QCOMPARE(m_app->GetErrorInfo(late), QString("Missing file"));
+        QCOMPARE(m_app->GetErrorInfo(PluginFile("tc_image_b")), QString("Plugin OK."));
+        QCOMPARE(m_app->GetErrorInfo("/no/such/file"), QString("Errors not found"));
+        QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>({late, PluginFile("tc_empty")}));
+    }
+
+    void fullUnloadGoesInReverse()
+    {
+        const QStringList files = {PluginFile("tc_image_a"), PluginFile("tc_brush"),
+                                   PluginFile("tc_adjustments"), PluginFile("tc_image_b")};
+        m_app->LoadPlugins(files + QStringList{PluginFile("tc_empty")});
+        QCOMPARE(KVAdjustmentManager::GetRegistered(),
+                 QStringList({"adjustments.invert", "adjustments.grey"}));
+        TestCallLog::Take();
+
+        m_app->UIReady();
+        KVApplication::FlushData();
+        QCOMPARE(TestCallLog::Take(),
+                 QStringList({"image_b:UIReady", "adjustments:UIReady", "brush:UIReady",
+                              "image_a:UIReady", "image_a:FlushPluginData", "brush:FlushPluginData",
+                              "adjustments:FlushPluginData", "image_b:FlushPluginData"}));
+
+        LogCapture capture;
+        m_app->UnloadPlugins();
+        QCOMPARE(TestCallLog::Take(), QStringList({"image_b:Release", "adjustments:Release",
+                                                   "brush:Release", "image_a:Release"}));
+        QCOMPARE(LoaderLines(capture),
+                 QStringList({UnloadedLine(files[3]), UnloadedLine(files[2]),
+                              UnloadedLine(files[1]), UnloadedLine(files[0])}));
+        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
+        QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
+        QVERIFY(!KVApplication::GetBrushFactory());
+        QCOMPARE(m_app->GetErrorInfo(files[0]), QString("Plugin OK."));
+        QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>{PluginFile("tc_empty")});
+        m_app->UnloadPlugins(); // the records stay, their containers are gone
+        QVERIFY(TestCallLog::Take().isEmpty());
+    }
+
+    void selectiveUnload()
+    {
+        const QString a = PluginFile("tc_image_a");
+        const QString b = PluginFile("tc_image_b");
+        const QString missing = m_dir.filePath("libgone.dylib");
+        m_app->LoadPlugins(QStringList{a, missing, a, b});
+        TestCallLog::Take();
+
+        LogCapture capture;
+        m_app->UnloadPlugins(QStringList{"/not/loaded", missing.toUpper()});
+        m_app->UnloadPlugin(missing);
+        QVERIFY(capture.Lines().isEmpty());
+        QVERIFY(m_app->GetErrorPlugins().empty());
+        QCOMPARE(m_app->GetErrorInfo(missing), QString("Errors not found"));
+
+        // Both records of a go, one after the other.
+        m_app->UnloadPlugin(a);
+        QCOMPARE(TestCallLog::Take(), QStringList({"image_a:Release", "image_a:Release"}));
+        QCOMPARE(m_app->GetErrorInfo(a), QString("Errors not found"));
+        QCOMPARE(KVImageFileManager::GetSupportedReadFormats(), QStringList{"image_b"});
+
+        // A file unloaded by name loads again.
+        m_app->LoadPlugin(a);
+        QCOMPARE(TestCallLog::Take(), QStringList{"image_a:Initialize"});
+        QCOMPARE(KVImageFileManager::GetSupportedReadFormats(),
+                 QStringList({"image_a", "image_b"}));
+    }
+};
+
+KV_TEST_MAIN(PluginLoadingTest)
+#include "tst_pluginloading.moc"

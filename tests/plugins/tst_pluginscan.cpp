@@ -1,0 +1,140 @@
+#include "BundleFixture.h"
+#include "LogCapture.h"
+#include "TestSupport.h"
+
+#include <QTemporaryDir>
+
+namespace {
+QString PluginFile(const QString& name)
+{
+    return QStringLiteral(KV_TEST_PLUGIN_DIR "/lib%1.dylib").arg(name);
+}
+
+QByteArray PluginsIni(const QString& brush, const QString& general)
+{
+    return QString("brush=%1\ngeneral=%2\n").arg(brush, general).toUtf8();
+}
+
+QStringList Loaded(const QStringList& names)
+{
+    QStringList events;
+    for (const QString& name : names)
+        events << "loading:" + name << "loaded:" + name;
+    return events;
+}
+} // namespace
+
+// Finding plug-in files through plugins.ini inside a real bundle layout.
+class PluginScanTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void scan_data()
+    {
+        QTest::addColumn<QString>("brush");
+        QTest::addColumn<QString>("general");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QStringList>("events");
+        QTest::addColumn<QString>("logged");
+
+        const QStringList all = Loaded({"libabrush.dylib", "libzbrush.DYLIB", "LIBIMAGEIO.DYLIB",
+                                        "libadjustments.dylib", "libimageio.2.dylib",
+                                        "libimageio.DYLIB", "libzother.dylib"});
+        QTest::newRow("everything, brushes first")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/General" << QStringList() << all + QStringList{"finished"} << "";
+        QTest::newRow("image I/O only: base name by case, suffix in any case")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/General" << QStringList{"4"}
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << "";
+        QTest::newRow("brushes and adjustments")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/General" << QStringList{"9"}
+            << Loaded({"libabrush.dylib", "libzbrush.DYLIB", "libadjustments.dylib"}) +
+                   QStringList{"finished"}
+            << "";
+        QTest::newRow("no general folder: nothing at all")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/Missing" << QStringList() << QStringList()
+            << "The plugins folder does not exist";
+        QTest::newRow("no brush folder")
+            << "../PlugIns/Missing"
+            << "../PlugIns/General" << QStringList{"4"}
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << "";
+        QTest::newRow("no brush folder, brushes asked for")
+            << "../PlugIns/Missing"
+            << "../PlugIns/General" << QStringList{"8"} << QStringList{"finished"}
+            << "Brush folder is missing";
+        QTest::newRow("empty general folder")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/Empty" << QStringList{"4"} << QStringList{"finished"} << "";
+        QTest::newRow("absolute general folder")
+            << "../PlugIns/Brushes"
+            << "ABSOLUTE" << QStringList{"1"}
+            << Loaded({"libadjustments.dylib"}) + QStringList{"finished"} << "";
+    }
+
+    void scan()
+    {
+        QFETCH(QString, brush);
+        QFETCH(QString, general);
+        QFETCH(QStringList, arguments);
+        QFETCH(QStringList, events);
+        QFETCH(QString, logged);
+
+        BundleFixture bundle;
+        QTemporaryDir outside;
+        if (general == "ABSOLUTE") {
+            general = outside.path();
+            QFile::copy(PluginFile("tc_adjustments"), outside.filePath("libadjustments.dylib"));
+        }
+        bundle.WriteFile("Resources/plugins.ini", PluginsIni(brush, general));
+        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libzbrush.DYLIB");
+        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libabrush.dylib");
+        bundle.WriteFile("PlugIns/Brushes/readme.txt", "not a plug-in");
+        bundle.CopyFile(PluginFile("tc_image_a"), "PlugIns/General/libimageio.2.dylib");
+        bundle.CopyFile(PluginFile("tc_image_b"), "PlugIns/General/libimageio.DYLIB");
+        bundle.CopyFile(PluginFile("tc_image_b"), "PlugIns/General/LIBIMAGEIO.DYLIB");
+        bundle.CopyFile(PluginFile("tc_adjustments"), "PlugIns/General/libadjustments.dylib");
+        bundle.CopyFile(PluginFile("tc_empty"), "PlugIns/General/libzother.dylib");
+        bundle.WriteFile("PlugIns/General/libimageio.txt", "not a plug-in");
+        bundle.MakeFolder("PlugIns/Empty");
+
+        const auto run = bundle.RunScenario("loadPlugins", arguments);
+        QCOMPARE(run.exitCode, 0);
+        // The container without plug-ins fails; everything else loads.
+        QStringList expected = events;
+        expected.replaceInStrings("loaded:libzother.dylib", "error:libzother.dylib");
+        QCOMPARE(run.Values("event"), expected);
+        if (!logged.isEmpty()) {
+            QStringList log;
+            for (const QString& line : run.log)
+                log.append(LogCapture::WithoutBuildStamp(line));
+            QVERIFY(log.contains(LogCapture::Expected("src/KVApplication", logged, logged)));
+        }
+    }
+
+    void expectedFileNames()
+    {
+        BundleFixture bundle;
+        bundle.WriteFile("Resources/plugins.ini", PluginsIni("../Brushes", "../General"));
+        bundle.CopyFile(PluginFile("tc_image_a"), "General/libimageio.2.dylib");
+        bundle.CopyFile(PluginFile("tc_image_a"), "General/libadjustments.dylib"); // not versioned
+        bundle.CopyFile(PluginFile("tc_brush"), "Brushes/libbrushcontainer.2.dylib");
+        bundle.CopyFile(PluginFile("tc_brush"), "General/libgeneraltools.2.dylib");
+
+        const auto run = bundle.RunScenario("pluginFileName", {"1", "3", "4", "8", "16"});
+        const QString contents = QFileInfo(bundle.ContentsPath()).canonicalFilePath();
+        QCOMPARE(run.Values("path1"), QStringList({""}));
+        QCOMPARE(run.Value("type3"), QString("0"));
+        QCOMPARE(run.Values("path4"), QStringList({contents + "/General/libimageio.2.dylib"}));
+        QCOMPARE(run.Values("path8"),
+                 QStringList({contents + "/Brushes/libbrushcontainer.2.dylib"}));
+        QCOMPARE(run.Values("path16"),
+                 QStringList({"", contents + "/General/libgeneraltools.2.dylib"}));
+    }
+};
+
+KV_TEST_MAIN(PluginScanTest)
+#include "tst_pluginscan.moc"

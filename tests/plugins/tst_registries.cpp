@@ -1,0 +1,174 @@
+#include "LogCapture.h"
+#include "TestSupport.h"
+
+#include <KVAdjustmentManager.h>
+#include <KVBrushToolManager.h>
+
+#include <QSignalSpy>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace {
+class Adjustment : public KVAdjustment
+{
+    Q_OBJECT
+public:
+    explicit Adjustment(const QString& id)
+        : m_id(id)
+    {}
+    QString GetUID() const override { return m_id; }
+    QString GetAdjustmentID() const override { return m_id; }
+
+private:
+    QString m_id;
+};
+
+class Brush : public KVBrushPlugin
+{
+    Q_OBJECT
+public:
+    explicit Brush(const QString& uid)
+        : m_uid(uid)
+    {}
+    QString GetUID() const override { return m_uid; }
+    int DestroyedConnections() const { return receivers(SIGNAL(destroyed())); }
+
+private:
+    QString m_uid;
+};
+
+QString DuplicateLine(const QString& file, const QString& id, const QString& tail)
+{
+    return LogCapture::Expected(file, "already registered.",
+                                QString("id:%1 already registered.%2").arg(id, tail));
+}
+} // namespace
+
+// The adjustment and brush registries, alone and under several threads.
+class RegistriesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        KVAdjustmentManager::InitInstance();
+        KVBrushToolManager::InitInstance();
+    }
+    void cleanup()
+    {
+        KVAdjustmentManager::ReleaseInstance();
+        KVBrushToolManager::ReleaseInstance();
+    }
+
+    void adjustments()
+    {
+        Adjustment invert("invert"), grey("grey"), otherInvert("invert");
+        QSignalSpy registered(KVAdjustmentManager::GetInstance(), &KVAdjustmentManager::Registred);
+        QSignalSpy unregistered(KVAdjustmentManager::GetInstance(),
+                                &KVAdjustmentManager::Unregistred);
+        LogCapture capture;
+
+        QVERIFY(KVAdjustmentManager::Register(&invert));
+        QVERIFY(KVAdjustmentManager::Register(&invert));
+        QVERIFY(KVAdjustmentManager::Register(nullptr));
+        QVERIFY(KVAdjustmentManager::Register(&grey));
+        QVERIFY(!KVAdjustmentManager::Register(&otherInvert));
+        QCOMPARE(registered.count(), 2);
+        QCOMPARE(registered.at(0).at(0).toString(), QString("invert"));
+        QCOMPARE(registered.at(0).at(1).value<KVAdjustment*>(), &invert);
+        QCOMPARE(capture.StampedLines(),
+                 QStringList{DuplicateLine("src/KVAdjustmentManager", "invert",
+                                           "Tool is not registered.")});
+        QCOMPARE(KVAdjustmentManager::GetAdjustment("invert"), &invert);
+        QCOMPARE(KVAdjustmentManager::GetID(&grey), QString("grey"));
+        QVERIFY(KVAdjustmentManager::GetID(&otherInvert).isNull());
+
+        QVERIFY(KVAdjustmentManager::Unregister("invert"));
+        QVERIFY(!KVAdjustmentManager::Unregister("invert"));
+        QCOMPARE(unregistered.count(), 1);
+        QVERIFY(KVAdjustmentManager::Register(&otherInvert));
+        QCOMPARE(KVAdjustmentManager::GetRegistered(), QStringList({"grey", "invert"}));
+        QCOMPARE(KVAdjustmentManager::GetAdjustment("invert"), &otherInvert);
+
+        KVAdjustmentManager::ReleaseInstance();
+        QVERIFY(!KVAdjustmentManager::Register(&grey));
+        QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
+    }
+
+    void brushes()
+    {
+        Brush soft("{soft}"), hard("{hard}"), otherSoft("{soft}");
+        LogCapture capture;
+        QVERIFY(KVBrushToolManager::Register(&soft));
+        QVERIFY(KVBrushToolManager::Register(&hard));
+        QVERIFY(!KVBrushToolManager::Register(&otherSoft));
+        QCOMPARE(capture.StampedLines(),
+                 QStringList{
+                     DuplicateLine("src/KVBrushToolManager", "{soft}", "Tool will not register.")});
+        QCOMPARE(KVBrushToolManager::GetPlugin("{soft}"), &soft);
+        QCOMPARE(KVBrushToolManager::GetRegistered(), QStringList({"{soft}", "{hard}"}));
+
+        auto main = std::make_unique<Brush>("{main}");
+        KVBrushToolManager::Register(main.get());
+        KVBrushToolManager::SetMainBrushPlugin(main.get());
+        KVBrushToolManager::SetMainBrushPlugin(main.get());
+        QCOMPARE(main->DestroyedConnections(), 1);
+        QVERIFY(KVBrushToolManager::Unregister("{main}"));
+        QCOMPARE(KVBrushToolManager::GetMainBrushPlugin(), main.get());
+        main.reset();
+        QVERIFY(!KVBrushToolManager::GetMainBrushPlugin());
+
+        auto former = std::make_unique<Brush>("{former}");
+        KVBrushToolManager::SetMainBrushPlugin(former.get());
+        KVBrushToolManager::SetMainBrushPlugin(&hard);
+        QCOMPARE(former->DestroyedConnections(), 0);
+        former.reset();
+        QCOMPARE(KVBrushToolManager::GetMainBrushPlugin(), &hard);
+        KVBrushToolManager::SetMainBrushPlugin(nullptr);
+        QVERIFY(!KVBrushToolManager::GetMainBrushPlugin());
+    }
+
+    // Threads register and unregister at once while a slot calls back in.
+    void concurrentRegistration()
+    {
+        constexpr int kThreads = 4;
+        constexpr int kPerThread = 300;
+        std::vector<std::unique_ptr<Adjustment>> adjustments;
+        for (int i = 0; i < kThreads * kPerThread; ++i)
+            adjustments.push_back(std::make_unique<Adjustment>(QString::number(i)));
+        std::atomic<int> announced{0};
+        connect(
+            KVAdjustmentManager::GetInstance(), &KVAdjustmentManager::Registred, this,
+            [&](const QString& id) {
+                if (KVAdjustmentManager::GetAdjustment(id))
+                    ++announced;
+            },
+            Qt::DirectConnection);
+
+        std::vector<std::thread> threads;
+        for (int t = 0; t < kThreads; ++t) {
+            threads.emplace_back([&, t] {
+                for (int i = 0; i < kPerThread; ++i) {
+                    Adjustment* adjustment = adjustments[size_t(t * kPerThread + i)].get();
+                    KVAdjustmentManager::Register(adjustment);
+                    KVAdjustmentManager::GetRegistered();
+                    if (i % 2)
+                        KVAdjustmentManager::Unregister(adjustment->GetAdjustmentID());
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+
+        QCOMPARE(announced.load(), kThreads * kPerThread);
+        QCOMPARE(KVAdjustmentManager::GetRegistered().size(), kThreads * kPerThread / 2);
+        QCOMPARE(KVAdjustmentManager::GetID(adjustments[2].get()), QString("2"));
+    }
+};
+
+KV_TEST_MAIN(RegistriesTest)
+#include "tst_registries.moc"
