@@ -2,6 +2,8 @@
 
 #include "KVImageFileManager.h"
 #include "KVLog.h"
+#include "MZExportResolutions_p.h"
+#include "MZExportSizes_p.h"
 
 #include <IBrushFactory.h>
 #include <IPluginContainer.h>
@@ -58,7 +60,8 @@ KVApplication::Private::Private(KVApplication* owner)
     QCoreApplication::setAttribute(Qt::AA_DontShowIconsInMenus, true);
     KVPixelRatioRound::SetPixelRatio(q->devicePixelRatio());
 
-    // The export preset lists are started here.
+    MZExportResolutions::Private::InitInstance();
+    MZExportSizes::Private::InitInstance();
 
     const QString userFolder = UserPreferencesFolder();
     m_appSettingsFile =
@@ -70,12 +73,14 @@ KVApplication::Private::Private(KVApplication* owner)
     m_resourcePath = QDir(KVApplication::GetResourcePath()).absolutePath();
     m_languages = MakeLangList(m_resourcePath);
 
-    // The export preset files are loaded here.
+    MZExportResolutions::Private::Load(userFolder + QStringLiteral("/exportandshareresolution.ini"));
+    MZExportSizes::Private::Load(userFolder + QStringLiteral("/exportandsharesize.ini"));
 }
 
 KVApplication::Private::~Private()
 {
-    // The export preset lists are released here.
+    MZExportResolutions::Private::ReleaseInstance();
+    MZExportSizes::Private::ReleaseInstance();
 }
 
 KVApplication::Private* KVApplication::Private::Instance()

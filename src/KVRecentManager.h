@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QObject>
+
+#include "kvcore_export.h"
+
+// Work in progress.
+class KVCORE_EXPORT KVRecentManager : public QObject
+{
+    Q_OBJECT
+};

@@ -1,0 +1,6 @@
+#include "MZExportResolutions.h"
+
+#include "private/MZExportResolutions_p.h"
+
+MZExportResolutions::MZExportResolutions() = default;
+MZExportResolutions::~MZExportResolutions() = default;

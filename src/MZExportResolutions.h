@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QSize>
+
+#include "kvcore_export.h"
+
+// The user's export resolution presets (width x height), kept in width order
+// by Add(size), saved to exportandshareresolution.ini after every change and
+// seeded from the application's ":/ExportAndShareResolution.ini" on first use.
+// The application object starts and releases the one instance; every
+// operation is static and harmless while there is none.
+class KVCORE_EXPORT MZExportResolutions : public QObject
+{
+    Q_OBJECT
+public:
+    MZExportResolutions();
+    ~MZExportResolutions() override;
+
+    static MZExportResolutions* GetInstance();
+    static QList<QSize> GetList();
+    // The number of presets; -1 without the instance.
+    static int GetSize();
+    // Inserts at index, clamped to the list.
+    static void Add(int index, const QSize& size);
+    // Inserts after every preset of the same or a smaller width; the index used.
+    static int Add(const QSize& size);
+    static void Remove(int index);
+    static void Set(int index, const QSize& size);
+    // Throws std::out_of_range for an index outside the list; QSize(-1, -1)
+    // without the instance.
+    static QSize Get(int index);
+
+Q_SIGNALS:
+    void Inserted(int index);
+    void Changhed(int index);
+    void Removed(int index);
+
+private:
+    friend class KVApplication; // starts, loads and releases the instance
+    class Private;
+    Private* d;
+};
