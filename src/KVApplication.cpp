@@ -4,6 +4,7 @@
 #include "private/KVLog.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSettings>
 
 #include <functional>
@@ -330,6 +331,110 @@ void KVApplication::UIReady()
 QStringList KVApplication::GetLanguages()
 {
     return d->m_languages;
+}
+
+QString KVApplication::GetLanguage() const
+{
+    return d->m_language;
+}
+
+bool KVApplication::LoadLanguage(const QString& code)
+{
+    return d->LoadTranslations(code);
+}
+
+QString KVApplication::GetLanguageName(const QString& code)
+{
+    const Private* d = Private::Instance();
+    return d ? d->m_languageNames.value(code) : QString();
+}
+
+QString KVApplication::GetDefaultLanguage()
+{
+    return Private::m_en;
+}
+
+bool KVApplication::LoadTheme()
+{
+    const QString path = GetUserValue(ThemePath, GetName(Dark)).toString();
+    // Search paths add up: the first one registered that holds the style sheet wins.
+    QDir::addSearchPath(QStringLiteral("theme"), path);
+    QFile styleSheet(QStringLiteral("theme:pixel.qss"));
+    if (!styleSheet.open(QIODevice::ReadOnly)) {
+        KV_LOG(QStringLiteral("Load theme error."));
+        return false;
+    }
+    const QByteArray bytes = styleSheet.readAll();
+    const int end = bytes.indexOf('\0');
+    setStyleSheet(QString::fromLatin1(end < 0 ? bytes : bytes.left(end)));
+    d->m_theme = path == GetName(Dark) ? Dark : Light;
+    return true;
+}
+
+KVApplication::ThemeType KVApplication::GetTheme() const
+{
+    return ThemeType(d->m_theme);
+}
+
+KVApplication::ThemeType KVApplication::GetApplicationTheme()
+{
+    return GetUserValue(ThemePath, GetName(Dark)).toString() == GetName(Dark) ? Dark : Light;
+}
+
+void KVApplication::SetApplicationTheme(ThemeType type)
+{
+    SetUserValue(ThemePath, GetName(type));
+}
+
+QString KVApplication::GetName(ThemeType type)
+{
+    switch (type) {
+    case Dark:
+        return QStringLiteral(":/Dark");
+    case Light:
+        return QStringLiteral(":/Light");
+    }
+    return QString();
+}
+
+void KVApplication::LoadPatterns(const QString& folder)
+{
+    d->LoadPatterns(folder);
+}
+
+QString KVApplication::GetPatternFile(int index)
+{
+    const Private* d = Private::Instance();
+    return d ? d->m_patterns.value(index) : QString();
+}
+
+int KVApplication::GetPatternCount()
+{
+    const Private* d = Private::Instance();
+    return d ? d->m_patterns.size() : 0;
+}
+
+void KVApplication::SetGradient(const QBrush& gradient)
+{
+    Private::m_gradient = gradient;
+}
+
+QBrush KVApplication::GetGradient()
+{
+    return Private::m_gradient;
+}
+
+void KVApplication::RegisterRefineSelectionAction(QAction* action)
+{
+    if (action == d->m_pRefineSelection)
+        return;
+    d->m_pRefineSelection = action;
+    Q_EMIT RefineSelectionRegistered(action);
+}
+
+QAction* KVApplication::GetRefineSelection() const
+{
+    return d->m_pRefineSelection;
 }
 
 KVApplication::ColorManagementMissingPolicy KVApplication::GetColorManagementMissingPolicy()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QBrush>
 #include <QColor>
 #include <QStringList>
 #include <QVariant>
@@ -93,6 +94,13 @@ public:
     };
     Q_DECLARE_FLAGS(PluginsLoadTypes, PluginsLoadType)
 
+    // The visual themes; 0 before any theme was loaded.
+    enum ThemeType
+    {
+        Dark = 1,
+        Light = 2,
+    };
+
     KVApplication(int& argc, char** argv);
     ~KVApplication() override;
 
@@ -130,8 +138,52 @@ public:
     // Asks the plug-ins to save what they hold: emits FlushPluginData().
     static void FlushData();
 
-    // Language codes whose translation folder exists in the resource folder.
+    // Languages: one "<code>.lproj" folder of ".qm" files per language in the
+    // resource folder, for the codes en, de, ru, sv, fr and pt.
+
+    // Language codes whose translation folder exists, in the order en, de, ru, sv, fr, pt.
     QStringList GetLanguages();
+    // The language loaded last; empty before the first.
+    QString GetLanguage() const;
+    // Installs every loadable ".qm" of the language's folder on top of the
+    // translations installed before (none is ever removed). False when the
+    // folder is missing or holds nothing loadable.
+    bool LoadLanguage(const QString& code);
+    // The display name of a known language, in the language loaded at that
+    // time; empty before any language was loaded.
+    static QString GetLanguageName(const QString& code);
+    // "en".
+    static QString GetDefaultLanguage();
+
+    // Themes: a resource root (":/Dark", ":/Light") holding "pixel.qss".
+
+    // Applies the stored theme's style sheet to the application. Within one
+    // process the theme found first keeps its style sheet; a changed choice
+    // takes full effect at the next start.
+    bool LoadTheme();
+    // The theme loaded last, 0 before the first.
+    ThemeType GetTheme() const;
+    // The stored choice: Dark for ":/Dark", Light for anything else.
+    static ThemeType GetApplicationTheme();
+    // Stores the choice without applying it; call LoadTheme() for that.
+    static void SetApplicationTheme(ThemeType type);
+    // The resource root of a theme; empty for a value that is no theme.
+    static QString GetName(ThemeType type);
+
+    // Texture patterns: image files ("*.jpg", "*.png", "*.bmp", any case)
+    // gathered from folders; each call appends what the folder holds.
+    void LoadPatterns(const QString& folder);
+    // The pattern's absolute path; empty outside the list.
+    static QString GetPatternFile(int index);
+    static int GetPatternCount();
+
+    // The current gradient that gradient tools share; not saved.
+    static void SetGradient(const QBrush& gradient);
+    static QBrush GetGradient();
+    // The action that opens the refine-selection tool; registering another
+    // one emits RefineSelectionRegistered().
+    void RegisterRefineSelectionAction(QAction* action);
+    QAction* GetRefineSelection() const;
 
     // Typed per-user settings with their defaults.
     static ColorManagementMissingPolicy GetColorManagementMissingPolicy();

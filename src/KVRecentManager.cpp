@@ -1,1 +1,117 @@
 #include "KVRecentManager.h"
+
+#include "private/KVRecentManager_p.h"
+
+KVRecentManager::KVRecentManager()
+    : d(new Private(this))
+{}
+
+KVRecentManager::~KVRecentManager()
+{
+    delete d;
+}
+
+void KVRecentManager::InitInstance()
+{
+    if (!Private::m_pInstance)
+        Private::m_pInstance = new KVRecentManager;
+}
+
+KVRecentManager* KVRecentManager::GetInstance()
+{
+    return Private::m_pInstance;
+}
+
+// Cleared before the deletion so that nothing reached from the destructor
+// or from destroyed() finds a half-destroyed instance.
+void KVRecentManager::ReleaseInstance()
+{
+    KVRecentManager* instance = Private::m_pInstance;
+    Private::m_pInstance = nullptr;
+    delete instance;
+}
+
+int KVRecentManager::GetFavoriteMaximumNumber()
+{
+    return 10;
+}
+
+int KVRecentManager::GetRecentMaximumNumber()
+{
+    return 15;
+}
+
+void KVRecentManager::PushFavorite(const QString& path)
+{
+    d->PushFavorite(path);
+}
+
+void KVRecentManager::PushRecent(const QString& path)
+{
+    d->PushRecent(path);
+}
+
+void KVRecentManager::Remove(const QString& path)
+{
+    d->Remove(path);
+}
+
+void KVRecentManager::ContentUpdated(const QString& path)
+{
+    d->ContentUpdated(path);
+}
+
+void KVRecentManager::SetItemData(const QString& path, int role, const QVariant& value)
+{
+    d->SetItemData(path, role, value);
+}
+
+QVariant KVRecentManager::GetItemData(const QString& path, int role, const QVariant& fallback) const
+{
+    return d->GetItemData(path, role, fallback);
+}
+
+bool KVRecentManager::IsFavorite(const QString& path) const
+{
+    return d->m_favorites.contains(path);
+}
+
+void KVRecentManager::SetFavoritesNumber(int number)
+{
+    d->SetFavoritesNumber(number);
+}
+
+int KVRecentManager::GetFavoritesNumber() const
+{
+    return d->m_favoritesLimit;
+}
+
+void KVRecentManager::SetRecentsNumber(int number)
+{
+    d->SetRecentsNumber(number);
+}
+
+int KVRecentManager::GetRecentsNumber() const
+{
+    return d->m_recentsLimit;
+}
+
+int KVRecentManager::GetFavoriteCount() const
+{
+    return d->m_favorites.size();
+}
+
+int KVRecentManager::GetRecentCount() const
+{
+    return d->m_recents.size();
+}
+
+QStringList KVRecentManager::GetFavorites() const
+{
+    return d->m_favorites;
+}
+
+QStringList KVRecentManager::GetRecents() const
+{
+    return d->m_recents;
+}

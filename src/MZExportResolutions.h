@@ -18,20 +18,27 @@ public:
     MZExportResolutions();
     ~MZExportResolutions() override;
 
+    // The instance, for connecting to its signals; null while there is none.
     static MZExportResolutions* GetInstance();
+    // A copy of the presets in the order shown to the user.
     static QList<QSize> GetList();
     // The number of presets; -1 without the instance.
     static int GetSize();
-    // Inserts at index, clamped to the list.
+    // Inserts at index, clamped to the list, whether or not that keeps the order.
     static void Add(int index, const QSize& size);
     // Inserts after every preset of the same or a smaller width; the index used.
     static int Add(const QSize& size);
+    // Deletes one preset; an index outside the list is ignored.
     static void Remove(int index);
+    // Replaces one preset in place, without moving it to keep the order; an
+    // index outside the list or an equal value is ignored.
     static void Set(int index, const QSize& size);
     // Throws std::out_of_range for an index outside the list; QSize(-1, -1)
     // without the instance.
     static QSize Get(int index);
 
+    // Each signal comes after the list changed and before the file is written,
+    // with the index concerned as it is at that moment.
 Q_SIGNALS:
     void Inserted(int index);
     void Changhed(int index);

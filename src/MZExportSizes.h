@@ -10,6 +10,9 @@
 // application's ":/ExportAndShareSize.ini" on first use. The application
 // object starts and releases the one instance; every operation is static and
 // harmless while there is none.
+//
+// The values are file sizes in bytes; the shipped defaults run from 100 KB to
+// 10 MB, counting 1 KB as 1024 bytes.
 class KVCORE_EXPORT MZExportSizes : public QObject
 {
     Q_OBJECT
@@ -17,19 +20,26 @@ public:
     MZExportSizes();
     ~MZExportSizes() override;
 
+    // The instance, for connecting to its signals; null while there is none.
     static MZExportSizes* GetInstance();
+    // A copy of the presets in the order shown to the user.
     static QList<long long> GetList();
     // The number of presets; -1 without the instance.
     static int GetSize();
-    // Inserts at index, clamped to the list.
+    // Inserts at index, clamped to the list, whether or not that keeps the order.
     static void Add(int index, long long size);
     // Inserts after every preset of the same or a smaller value; the index used.
     static int Add(long long size);
+    // Deletes one preset; an index outside the list is ignored.
     static void Remove(int index);
+    // Replaces one preset in place, without moving it to keep the order; an
+    // index outside the list or an equal value is ignored.
     static void Set(int index, long long size);
     // Throws std::out_of_range for an index outside the list; -1 without the instance.
     static long long Get(int index);
 
+    // Each signal comes after the list changed and before the file is written,
+    // with the index concerned as it is at that moment.
 Q_SIGNALS:
     void Inserted(int index);
     void Changhed(int index);

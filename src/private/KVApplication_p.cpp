@@ -16,6 +16,7 @@
 #include <QPluginLoader>
 #include <QRegExp>
 #include <QSettings>
+#include <QTranslator>
 
 IBrushFactory* KVApplication::Private::m_pBrushFactory = nullptr;
 QBrush KVApplication::Private::m_gradient;
@@ -168,6 +169,58 @@ QStringList KVApplication::Private::MakeLangList(const QString& path)
             KV_LOG(QStringLiteral("No %1 translations.").arg(code));
     }
     return languages;
+}
+
+void KVApplication::Private::MakeLanguageNames()
+{
+    m_languageNames.clear();
+    m_languageNames.insert(m_en, KVApplication::tr("English"));
+    m_languageNames.insert(m_ru, KVApplication::tr("Russian"));
+    m_languageNames.insert(m_de, KVApplication::tr("German"));
+    m_languageNames.insert(m_sv, KVApplication::tr("Swedish"));
+    m_languageNames.insert(m_fr, KVApplication::tr("French"));
+    m_languageNames.insert(m_pt, KVApplication::tr("Portuguese"));
+}
+
+bool KVApplication::Private::LoadTranslations(const QString& code)
+{
+    QDir folder(m_resourcePath);
+    if (!folder.cd(code + QStringLiteral(".lproj"))) {
+        KV_LOG(QStringLiteral("Translations for \"%1\" language not found.").arg(code));
+        return false;
+    }
+    // Translators stay installed for the rest of the process; this list keeps
+    // them reachable.
+    static QList<QTranslator*> installed;
+    const QString prefix = QDir::toNativeSeparators(folder.absolutePath() + QLatin1Char('/'));
+    bool loaded = false;
+    const QStringList files =
+        folder.entryList(QStringList{QStringLiteral("*.qm")}, QDir::Files, QDir::NoSort);
+    for (const QString& file : files) {
+        auto* translator = new QTranslator;
+        if (translator->load(prefix + file)) {
+            QCoreApplication::installTranslator(translator);
+            installed.append(translator);
+            loaded = true;
+        } else {
+            KV_LOG(QStringLiteral("Load translator \"%1\" error.").arg(prefix + file));
+            delete translator;
+        }
+    }
+    MakeLanguageNames();
+    m_language = code;
+    return loaded;
+}
+
+void KVApplication::Private::LoadPatterns(const QString& folder)
+{
+    const QDir dir(folder);
+    if (!dir.exists())
+        return;
+    const QStringList filters = {QStringLiteral("*.jpg"), QStringLiteral("*.png"),
+                                 QStringLiteral("*.bmp")};
+    for (const QFileInfo& entry : dir.entryInfoList(filters, QDir::NoFilter, QDir::NoSort))
+        m_patterns.append(entry.absoluteFilePath());
 }
 
 QColor KVApplication::Private::GetColor(UseDataRole role, const QColor& defaultColor)

@@ -52,6 +52,9 @@ public:
     void SetUserDataFolder(const QString& folder);
 
     QStringList MakeLangList(const QString& path);
+    void MakeLanguageNames();
+    bool LoadTranslations(const QString& code);
+    void LoadPatterns(const QString& folder);
 
     void LoadPlugins(const QStringList& files);
     PluginStatus LoadPlugin(const QString& path);

@@ -1,15 +1,38 @@
 #pragma once
 
+#include "KVPresetList_p.h"
 #include "MZExportResolutions.h"
 
-// Work in progress: the preset list's private part. The application object
-// calls the three static hooks below.
+// Entries are stored as "<width>x<height>" in the group "Resolutions" and
+// ordered by width alone.
 class MZExportResolutions::Private
+    : public KVPresetList<MZExportResolutions::Private, MZExportResolutions, QSize>
 {
 public:
-    static void InitInstance();
-    static void ReleaseInstance();
-    static void Load(const QString& fileName);
+    explicit Private(MZExportResolutions* owner)
+        : q(owner)
+    {}
+
+    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+
+    MZExportResolutions* q;
 
     static MZExportResolutions* m_pInstance;
+
+private:
+    friend class KVPresetList<Private, MZExportResolutions, QSize>;
+
+    static constexpr const char* kGroup = "Resolutions";
+    static constexpr const char* kDefaults = ":/ExportAndShareResolution.ini";
+    static constexpr const char* kOutOfRange = "resolution index is out of range";
+
+    // Spaces are ignored; anything other than two decimal numbers from 1 to
+    // 10000 joined by a lower-case x gives QSize(-1, -1).
+    static QSize SizeFromString(const QString& text);
+    static QString SizeToString(const QSize& size);
+
+    static int OrderKey(const QSize& size) { return size.width(); }
+    static bool IsValid(const QSize& size) { return size.width() >= 1 && size.height() >= 1; }
+    static QVariant ToSetting(const QSize& size) { return SizeToString(size); }
+    static QSize FromSetting(const QVariant& setting) { return SizeFromString(setting.toString()); }
 };

@@ -1,15 +1,32 @@
 #pragma once
 
+#include "KVPresetList_p.h"
 #include "MZExportSizes.h"
 
-// Work in progress: the preset list's private part. The application object
-// calls the three static hooks below.
-class MZExportSizes::Private
+// Entries are stored as plain decimal numbers in the group "Sizes".
+class MZExportSizes::Private : public KVPresetList<MZExportSizes::Private, MZExportSizes, long long>
 {
 public:
-    static void InitInstance();
-    static void ReleaseInstance();
-    static void Load(const QString& fileName);
+    explicit Private(MZExportSizes* owner)
+        : q(owner)
+    {}
+
+    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+
+    MZExportSizes* q;
 
     static MZExportSizes* m_pInstance;
+
+private:
+    friend class KVPresetList<Private, MZExportSizes, long long>;
+
+    static constexpr const char* kGroup = "Sizes";
+    static constexpr const char* kDefaults = ":/ExportAndShareSize.ini";
+    static constexpr const char* kOutOfRange = "size index is out of range";
+
+    static long long OrderKey(long long size) { return size; }
+    static bool IsValid(long long size) { return size > 0; }
+    static QVariant ToSetting(long long size) { return QVariant::fromValue<qlonglong>(size); }
+    // Text that is not a number reads as 0, which is invalid.
+    static long long FromSetting(const QVariant& setting) { return setting.toLongLong(); }
 };

@@ -1,10 +1,296 @@
 #include "TestSupport.h"
 
-// Work in progress.
-class Placeholder : public QObject
+#include <KVApplication.h>
+#include <KVRecentManager.h>
+
+#include <QDataStream>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <utility>
+
+using Manager = KVRecentManager;
+
+namespace {
+// Drives the manager with scripts such as "R a, F b" and records every signal
+// in the order emitted, as "Name:path[:role]". Steps: R PushRecent,
+// F PushFavorite, X Remove, U ContentUpdated, D SetItemData(path, 1, "d-path"),
+// G records "Data:" and GetItemData(path, 1, "none"), r SetRecentsNumber,
+// f SetFavoritesNumber.
+class Session : public QObject
 {
-    Q_OBJECT
+public:
+    using PathMember = void (Manager::*)(const QString&);
+    using DataMember = void (Manager::*)(const QString&, int);
+
+    explicit Session(Manager* manager)
+        : m(manager)
+    {
+        const std::pair<PathMember, const char*> paths[] = {
+            {&Manager::FavoriteInserted, "FavoriteInserted"},
+            {&Manager::RecentInserted, "RecentInserted"},
+            {&Manager::FavoriteRemoved, "FavoriteRemoved"},
+            {&Manager::RecentRemoved, "RecentRemoved"},
+            {&Manager::FavoriteUpdated, "FavoriteUpdated"},
+            {&Manager::RecentUpdated, "RecentUpdated"}};
+        for (const auto& [signal, name] : paths)
+            connect(m, signal, this,
+                    [this, n = name](const QString& path) { events << n + (':' + path); });
+        const std::pair<DataMember, const char*> data[] = {
+            {&Manager::FavoriteDataChanged, "FavoriteDataChanged"},
+            {&Manager::RecentDataChanged, "RecentDataChanged"}};
+        for (const auto& [signal, name] : data)
+            connect(m, signal, this, [this, n = name](const QString& path, int role) {
+                events << QString("%1:%2:%3").arg(n, path).arg(role);
+            });
+    }
+
+    void Run(const QString& script)
+    {
+        const QMap<QChar, PathMember> operations = {{'R', &Manager::PushRecent},
+                                                    {'F', &Manager::PushFavorite},
+                                                    {'X', &Manager::Remove},
+                                                    {'U', &Manager::ContentUpdated}};
+        for (const QString& step : script.split(", ", Qt::SkipEmptyParts)) {
+            const QChar op = step.at(0);
+            const QString arg = step.mid(2);
+            if (operations.contains(op))
+                (m->*operations[op])(arg);
+            else if (op == 'D')
+                m->SetItemData(arg, 1, "d-" + arg);
+            else if (op == 'G')
+                events << "Data:" + m->GetItemData(arg, 1, "none").toString();
+            else if (op == 'r')
+                m->SetRecentsNumber(arg.toInt());
+            else
+                m->SetFavoritesNumber(arg.toInt());
+        }
+    }
+
+    Manager* m;
+    QStringList events;
 };
 
-KV_TEST_MAIN(Placeholder)
+QByteArray Stream(qint32 count, const QStringList& paths)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << count;
+    for (const QString& path : paths)
+        stream << path;
+    return bytes;
+}
+
+QStringList Words(const QString& text)
+{
+    return text.split(' ', Qt::SkipEmptyParts);
+}
+} // namespace
+
+// The recent and favourite lists, inside one application object whose user
+// folder moves to a fresh place for every test.
+class RecentManagerTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_files; // p0 .. p19 exist, "missing" does not
+    QScopedPointer<QTemporaryDir> m_user;
+
+    QStringList Files(const QString& names) const
+    {
+        QStringList paths;
+        for (const QString& name : Words(names))
+            paths << m_files.filePath(name);
+        return paths;
+    }
+    QStringList Files(int count) const
+    {
+        QStringList names;
+        for (int i = 0; i < count; ++i)
+            names << QString("p%1").arg(i);
+        return Files(names.join(' '));
+    }
+
+    static Manager* Start()
+    {
+        Manager::InitInstance();
+        return Manager::GetInstance();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const QString& path : Files(20))
+            QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    }
+
+    void init()
+    {
+        m_user.reset(new QTemporaryDir);
+        KVApplication::SetUserDataFolder(m_user->path());
+    }
+
+    void cleanup() { Manager::ReleaseInstance(); }
+
+    // Default limits: 10 recents, 5 favourites.
+    void operations_data()
+    {
+        for (const char* column : {"setup", "action", "emitted", "favorites", "recents"})
+            QTest::addColumn<QString>(column);
+        const auto row = [](const char* name, const QString& setup, const char* action,
+                            const char* emitted, const char* favorites, const char* recents) {
+            QTest::newRow(name) << setup << QString(action) << QString(emitted)
+                                << QString(favorites) << QString(recents);
+        };
+        row("a full recents list evicts the oldest first",
+            "R p0, R p1, R p2, R p3, R p4, R p5, R p6, R p7, R p8, R p9", "R new",
+            "RecentRemoved:p0 RecentInserted:new", "", "new p9 p8 p7 p6 p5 p4 p3 p2 p1");
+        row("the first recent pushed again", "R a, R b", "R b", "RecentRemoved:b RecentInserted:b",
+            "", "b a");
+        row("a full favourites list refuses, but reorders", "F a, F b, F c, F d, F e, R x",
+            "F x, F b", "FavoriteRemoved:b FavoriteInserted:b", "b e d c a", "x");
+        row("favourites limit 0 refuses", "f 0", "F a, D a", "", "", "");
+        row("a recent promoted keeps its data", "R a, R b, D a", "F a, G a",
+            "RecentRemoved:a FavoriteInserted:a Data:d-a", "a", "b");
+        row("a favourite pushed as recent", "F a, R b", "R a", "FavoriteUpdated:a", "a", "b");
+        row("recents limit 0: no eviction, favourites listed too", "F a, r 0, R b, R c",
+            "R d, R a, D a", "RecentInserted:d RecentInserted:a RecentDataChanged:a:1", "a",
+            "a d c b");
+        row("a removed favourite is demoted, evicting", "r 2, R a, R b, F c, D c", "X c, G c",
+            "FavoriteRemoved:c RecentRemoved:a RecentInserted:c Data:d-c", "", "c b");
+        row("a removed recent is forgotten", "R a, R b, D a", "X a, R a, G a",
+            "RecentRemoved:a RecentInserted:a Data:none", "", "a b");
+        row("an evicted recent is forgotten", "r 1, R a, D a", "R b, R a, G a",
+            "RecentRemoved:a RecentInserted:b RecentRemoved:b RecentInserted:a Data:none", "", "a");
+        row("updates and item data", "F a, R b", "U a, U b, U z, D a, D b, D z, G z",
+            "FavoriteUpdated:a RecentUpdated:b FavoriteDataChanged:a:1 RecentDataChanged:b:1 "
+            "Data:none",
+            "a", "b");
+        row("favourites limit 2 with four favourites", "F a, F b, F c, F d", "f 2",
+            "FavoriteRemoved:a RecentInserted:a FavoriteRemoved:b RecentInserted:b", "d c", "b a");
+        row("recents limit 2 with four recents", "R a, R b, R c, R d", "r 2",
+            "RecentRemoved:a RecentRemoved:b", "", "d c");
+        row("limits 0 trim nothing", "R a, R b, F c, F d", "r 0, f 0", "", "d c", "b a");
+    }
+
+    void operations()
+    {
+        QFETCH(QString, setup);
+        QFETCH(QString, action);
+        QFETCH(QString, emitted);
+        QFETCH(QString, favorites);
+        QFETCH(QString, recents);
+
+        Session session(Start());
+        session.Run(setup);
+        session.events.clear();
+        session.Run(action);
+
+        QCOMPARE(session.events, Words(emitted));
+        QCOMPARE(session.m->GetFavorites(), Words(favorites));
+        QCOMPARE(session.m->GetRecents(), Words(recents));
+        QCOMPARE(session.m->GetFavoriteCount(), Words(favorites).size());
+        QCOMPARE(session.m->GetRecentCount(), Words(recents).size());
+        QCOMPARE(session.m->IsFavorite("a"), Words(favorites).contains("a"));
+    }
+
+    // What the user file may hold; an invalid variant leaves the key out.
+    void restore_data()
+    {
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<QVariant>("limit");
+        QTest::addColumn<QVariant>("files");
+        QTest::addColumn<int>("expectedLimit");
+        QTest::addColumn<QStringList>("expected");
+
+        const QStringList twenty = Files(20);
+        const QByteArray three = Stream(3, Files(3));
+        const QVariant none;
+        struct List
+        {
+            const char* name;
+            int fallback;
+            int maximum;
+        };
+        for (const List& list : {List{"Recent", 10, 15}, List{"Favorite", 5, 10}}) {
+            const auto row = [&](const char* name) -> QTestData& {
+                return QTest::addRow("%s: %s", list.name, name) << QString(list.name);
+            };
+            row("nothing stored") << none << none << list.fallback << QStringList();
+            row("limit 40") << QVariant(40) << QVariant(Stream(20, twenty)) << list.maximum
+                            << Files(list.maximum);
+            row("negative limit") << QVariant(-3) << QVariant(three) << 0 << QStringList();
+            row("limit that is no number")
+                << QVariant("x") << QVariant(three) << 0 << QStringList();
+            row("limit beyond int")
+                << QVariant("4294967295") << none << list.maximum << QStringList();
+            row("count 100") << QVariant(3) << QVariant(Stream(100, twenty)) << 3 << Files(3);
+            row("count of a million") << none << QVariant(Stream(1000000, twenty)) << list.fallback
+                                      << Files(list.fallback);
+            row("missing files use up the count")
+                << none << QVariant(Stream(3, Files("p0 missing p1 p2"))) << list.fallback
+                << Files("p0 p1");
+            row("negative count") << none << QVariant(Stream(-1, twenty)) << list.fallback
+                                  << QStringList();
+            row("truncated stream")
+                << none << QVariant(three.left(three.size() - 3)) << list.fallback << Files(2);
+            row("text, not a stream") << none << QVariant(QByteArray("just some text here"))
+                                      << list.fallback << QStringList();
+            row("a list, not a stream")
+                << none << QVariant(twenty) << list.fallback << QStringList();
+        }
+    }
+
+    void restore()
+    {
+        QFETCH(QString, list);
+        QFETCH(QVariant, limit);
+        QFETCH(QVariant, files);
+        QFETCH(int, expectedLimit);
+        QFETCH(QStringList, expected);
+        if (limit.isValid())
+            KVApplication::SetUserValue(list + "Limit", limit);
+        if (files.isValid())
+            KVApplication::SetUserValue(list + "Files", files);
+
+        Manager* manager = Start();
+
+        const bool favorites = list == "Favorite";
+        QCOMPARE(favorites ? manager->GetFavoritesNumber() : manager->GetRecentsNumber(),
+                 expectedLimit);
+        QCOMPARE(favorites ? manager->GetFavorites() : manager->GetRecents(), expected);
+        QCOMPARE(favorites ? manager->GetRecents() : manager->GetFavorites(), QStringList());
+    }
+
+    // Through the real user.ini: limits as set, lists as streams, missing
+    // files saved but dropped at the next start, no item data restored.
+    void saveAndRestore()
+    {
+        const QStringList p = Files("p0 p1 missing p2");
+        Session session(Start());
+        session.Run(QString("R %1, R %2, R %3, F %4, r 40, f 3, D %2").arg(p[0], p[1], p[2], p[3]));
+        Manager::InitInstance();
+        QCOMPARE(Manager::GetInstance(), session.m);
+        Manager::ReleaseInstance();
+        QVERIFY(!Manager::GetInstance());
+
+        QSettings stored(m_user->filePath("user.ini"), QSettings::IniFormat);
+        QCOMPARE(stored.value("RecentLimit").toInt(), 40);
+        QCOMPARE(stored.value("FavoriteLimit").toInt(), 3);
+        QCOMPARE(stored.value("RecentFiles").type(), QVariant::ByteArray);
+        QCOMPARE(stored.value("RecentFiles").toByteArray(), Stream(3, Files("missing p1 p0")));
+        QCOMPARE(stored.value("FavoriteFiles").toByteArray(), Stream(1, Files("p2")));
+
+        Session restored(Start());
+        QCOMPARE(restored.m->GetRecentsNumber(), 15);
+        QCOMPARE(restored.m->GetFavoritesNumber(), 3);
+        QCOMPARE(restored.m->GetRecents(), Files("p1 p0"));
+        QCOMPARE(restored.m->GetFavorites(), Files("p2"));
+        restored.Run(QString("D %1, G %1, D %2").arg(p[1], p[3]));
+        QCOMPARE(restored.events, QStringList{"Data:none"});
+    }
+};
+
+KV_TEST_APP_MAIN(RecentManagerTest)
 #include "tst_recentmanager.moc"
