@@ -8,6 +8,8 @@ packages=(
   qtbase5-dev qttools5-dev-tools qttranslations5-l10n
   liblcms2-dev
   libbenchmark-dev
+  clang libgnustep-base-dev
+  icc-profiles-free
 )
 
 missing=()

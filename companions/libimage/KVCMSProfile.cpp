@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <lcms2.h>
 
@@ -18,6 +19,14 @@ struct ProfileCloser
     void operator()(void* profile) const { cmsCloseProfile(profile); }
 };
 using ProfileHandle = std::unique_ptr<void, ProfileCloser>;
+
+// The size that the header gives for the whole profile. LittleCMS opens a
+// profile whose end is missing and drops the tags it cannot reach, so a cut
+// file would otherwise pass for a valid one.
+quint32 DeclaredSize(const QByteArray& data)
+{
+    return qFromBigEndian<quint32>(data.constData());
+}
 
 QString ReadDescription(cmsHPROFILE profile)
 {
@@ -40,7 +49,7 @@ bool KVCMSProfile::Load(const QString& path)
     if (size < kHeaderSize || size > kMaxProfileSize || !file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray data = file.readAll();
-    if (data.size() != size)
+    if (data.size() != size || DeclaredSize(data) > quint32(size))
         return false;
 
     ProfileHandle profile(cmsOpenProfileFromMem(data.constData(), cmsUInt32Number(data.size())));

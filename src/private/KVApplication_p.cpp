@@ -74,7 +74,8 @@ KVApplication::Private::Private(KVApplication* owner)
     m_resourcePath = QDir(KVApplication::GetResourcePath()).absolutePath();
     m_languages = MakeLangList(m_resourcePath);
 
-    MZExportResolutions::Private::Load(userFolder + QStringLiteral("/exportandshareresolution.ini"));
+    MZExportResolutions::Private::Load(userFolder +
+                                       QStringLiteral("/exportandshareresolution.ini"));
     MZExportSizes::Private::Load(userFolder + QStringLiteral("/exportandsharesize.ini"));
 }
 

@@ -37,25 +37,23 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("expected"); // key=value lines that must be reported
         QTest::addColumn<QStringList>("log");      // messages after the construction lines
 
-        QTest::newRow("nothing loaded") << QStringList()
-                                        << QStringList{"language=", "name:de=", "qt=Cancel"}
-                                        << QStringList();
+        QTest::newRow("nothing loaded")
+            << QStringList() << QStringList{"language=", "name:de=", "qt=Cancel"} << QStringList();
         QTest::newRow("German, with Qt's own file and a broken one")
             << QStringList{"de"}
-            << QStringList{"load:de=1",         "language=de",      "name:de=Deutsch",
-                           "name:en=Englisch",  "name:ru=Russian",  "qt=Abbrechen"}
+            << QStringList{"load:de=1",        "language=de",     "name:de=Deutsch",
+                           "name:en=Englisch", "name:ru=Russian", "qt=Abbrechen"}
             << QStringList{"broken"};
         QTest::newRow("a missing folder changes nothing")
-            << QStringList{"de", "fr"}
-            << QStringList{"load:fr=0", "language=de", "name:de=Deutsch"}
+            << QStringList{"de", "fr"} << QStringList{"load:fr=0", "language=de", "name:de=Deutsch"}
             << QStringList{"broken", "fr"};
         QTest::newRow("a folder without translations")
             << QStringList{"en"} << QStringList{"load:en=0", "language=en", "name:de=German"}
             << QStringList();
         QTest::newRow("the language loaded last wins, the first fills gaps")
             << QStringList{"de", "sv"}
-            << QStringList{"load:sv=1", "language=sv", "name:sv=Svenska", "name:de=Tyska",
-                           "name:en=Englisch", "qt=Abbrechen"}
+            << QStringList{"load:sv=1",     "language=sv",      "name:sv=Svenska",
+                           "name:de=Tyska", "name:en=Englisch", "qt=Abbrechen"}
             << QStringList{"broken"};
     }
 
@@ -69,7 +67,8 @@ private Q_SLOTS:
         bundle.MakeFolder("Resources/en.lproj");
         bundle.CopyFile(KV_TEST_QM_DIR "/de.qm", "Resources/de.lproj/de.qm");
         bundle.CopyFile(KV_TEST_BROKEN_QM, "Resources/de.lproj/broken.qm");
-        bundle.CopyFile("/usr/share/qt5/translations/qtbase_de.qm", "Resources/de.lproj/qtbase_de.qm");
+        bundle.CopyFile("/usr/share/qt5/translations/qtbase_de.qm",
+                        "Resources/de.lproj/qtbase_de.qm");
         bundle.CopyFile(KV_TEST_QM_DIR "/sv.qm", "Resources/sv.lproj/sv.qm");
 
         const auto run = bundle.RunScenario("languages", codes);
@@ -81,13 +80,14 @@ private Q_SLOTS:
         QStringList messages;
         for (const QString& entry : log) {
             if (entry == "broken") {
-                const QString path = QFileInfo(bundle.ResourcesPath() + "/de.lproj/broken.qm")
-                                         .canonicalFilePath();
+                const QString path =
+                    QFileInfo(bundle.ResourcesPath() + "/de.lproj/broken.qm").canonicalFilePath();
                 messages << PrivateLine("Load translator",
                                         QString("Load translator \"%1\" error.").arg(path));
             } else {
-                messages << PrivateLine("language not found.",
-                                        QString("Translations for \"%1\" language not found.").arg(entry));
+                messages << PrivateLine(
+                    "language not found.",
+                    QString("Translations for \"%1\" language not found.").arg(entry));
             }
         }
         QCOMPARE(Stamped(run.log).mid(3), messages);
@@ -106,17 +106,17 @@ private Q_SLOTS:
             << QStringList{"load", "set:2", "load"}
             << QStringList{"load=1", dark, "theme=1", "load=1", dark, "theme=2", "stored=2"}
             << false;
-        QTest::newRow("light") << QStringList{"set:2", "load"}
-                               << QStringList{"load=1",
-                                              "sheet=QWidget { color: #101010; background: #f0f0f0; }\\n",
-                                              "theme=2"}
-                               << false;
+        QTest::newRow("light")
+            << QStringList{"set:2", "load"}
+            << QStringList{"load=1", "sheet=QWidget { color: #101010; background: #f0f0f0; }\\n",
+                           "theme=2"}
+            << false;
         QTest::newRow("another root, read up to its zero byte")
             << QStringList{"store::/Zero", "load"}
-            << QStringList{"load=1", "sheet=QWidget { color: red; }", "theme=2", "stored=2"} << false;
-        QTest::newRow("no theme")
-            << QStringList{"set:7", "load"} << QStringList{"load=0", "sheet=", "theme=0", "stored=2"}
-            << true;
+            << QStringList{"load=1", "sheet=QWidget { color: red; }", "theme=2", "stored=2"}
+            << false;
+        QTest::newRow("no theme") << QStringList{"set:7", "load"}
+                                  << QStringList{"load=0", "sheet=", "theme=0", "stored=2"} << true;
     }
 
     void themes()
@@ -130,8 +130,8 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
         for (const QString& line : expected)
             QVERIFY2(run.output.contains(line), qPrintable(line + " in " + run.output.join(" | ")));
-        const QString error = LogCapture::Expected("src/KVApplication", "Load theme error.",
-                                                   "Load theme error.");
+        const QString error =
+            LogCapture::Expected("src/KVApplication", "Load theme error.", "Load theme error.");
         QCOMPARE(Stamped(run.log).contains(error), failureLogged);
     }
 

@@ -92,6 +92,7 @@ private Q_SLOTS:
                              << quint32(0x4C616220);
         QTest::newRow("empty") << QByteArray() << false << quint32(0);
         QTest::newRow("header cut short") << srgb.left(100) << false << quint32(0);
+        QTest::newRow("end cut off") << srgb.left(srgb.size() / 2) << false << quint32(0);
         QTest::newRow("random bytes") << random << false << quint32(0);
         QTest::newRow("no ICC signature") << badMagic << false << quint32(0);
     }

@@ -1,0 +1,73 @@
+#include "KVToolBarManager.h"
+
+#include "private/KVToolBarManager_p.h"
+
+KVToolBarManager::KVToolBarManager()
+    : d(new Private(this))
+{}
+
+KVToolBarManager::~KVToolBarManager()
+{
+    delete d;
+}
+
+void KVToolBarManager::InitInstance()
+{
+    if (!Private::m_pInstance)
+        Private::m_pInstance = new KVToolBarManager;
+}
+
+KVToolBarManager* KVToolBarManager::GetInstance()
+{
+    return Private::m_pInstance;
+}
+
+// Cleared before the deletion so that code run by the contents' destroyed()
+// signals finds no half-destroyed instance.
+void KVToolBarManager::ReleaseInstance()
+{
+    KVToolBarManager* instance = Private::m_pInstance;
+    Private::m_pInstance = nullptr;
+    delete instance;
+}
+
+bool KVToolBarManager::Add(QWidget* widget, const QString& uid)
+{
+    Private* d = Private::Instance();
+    return d && d->Add(widget, uid);
+}
+
+void KVToolBarManager::Remove(QWidget* widget)
+{
+    if (Private* d = Private::Instance())
+        d->Remove(widget);
+}
+
+void KVToolBarManager::Activate(QWidget* widget)
+{
+    if (Private* d = Private::Instance())
+        d->Activate(widget);
+}
+
+QWidget* KVToolBarManager::GeneralContent()
+{
+    const Private* d = Private::Instance();
+    return d ? d->m_generalContent : nullptr;
+}
+
+bool KVToolBarManager::IsGeneralContentEmpty()
+{
+    const Private* d = Private::Instance();
+    return !d || !d->m_currentContent;
+}
+
+QString KVToolBarManager::CurrentUID()
+{
+    const Private* d = Private::Instance();
+    return d ? d->CurrentUID() : QString();
+}
+
+void KVToolBarManager::OnContentDestroyed(QObject* object)
+{
+    d->OnContentDestroyed(object);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+
+#include "kvcore_export.h"
+
+class KVActivateAction;
+
+// Keeps the tool actions that are added to it exclusive: at most one of them
+// is explicitly on (the selected tool, the explicit action) and at most one
+// implicitly on (the tool in effect, the implicit action). When a temporary
+// tool's implicit state ends, the selected tool is in effect again. The group
+// follows its members through their signals, so state changed on a member
+// directly is followed as well; it owns none of them and forgets destroyed ones.
+//
+// A singleton: InitInstance() creates it, ReleaseInstance() deletes it. Every
+// static operation does nothing and answers null or false while there is none.
+class KVCORE_EXPORT KVToolGroupManager : public QObject
+{
+    Q_OBJECT
+public:
+    static void InitInstance();
+    static KVToolGroupManager* GetInstance();
+    static void ReleaseInstance();
+
+    // Makes the action a member; neither explicit nor implicit yet. An action
+    // that is checked and allows changes is refused; one that vetoes joins
+    // as it is.
+    static void Add(KVActivateAction* action);
+    // Ends the membership; the action keeps its states, and the selected tool
+    // takes over when it was the one in effect.
+    static void Remove(KVActivateAction* action);
+    // Makes the action the selected one: ends a temporary tool, switches the
+    // selected one off, then checks the action. False when a member vetoed,
+    // possibly after the temporary tool ended. With only a temporary tool in
+    // effect and none selected, that tool ends and the action is NOT checked
+    // (true all the same); callers that need it on check GetExplicitAction().
+    static bool Activate(KVActivateAction* action);
+
+    static KVActivateAction* GetExplicitAction();
+    static KVActivateAction* GetImplicitAction();
+
+public Q_SLOTS:
+    // Receive the members' signals; the member is the sender.
+    void OnToggled(bool checked);
+    void OnImplicitToggled(bool checked);
+    void OnDestroyed(QObject* object);
+
+private:
+    KVToolGroupManager();
+    ~KVToolGroupManager() override;
+
+    class Private;
+    Private* d;
+};

@@ -1,0 +1,73 @@
+#include "KVToolWidgetManager.h"
+
+#include "private/KVToolWidgetManager_p.h"
+
+KVToolWidgetManager::KVToolWidgetManager()
+    : d(new Private(this))
+{}
+
+KVToolWidgetManager::~KVToolWidgetManager()
+{
+    delete d;
+}
+
+void KVToolWidgetManager::InitInstance()
+{
+    if (!Private::m_pInstance)
+        Private::m_pInstance = new KVToolWidgetManager;
+}
+
+KVToolWidgetManager* KVToolWidgetManager::GetInstance()
+{
+    return Private::m_pInstance;
+}
+
+// Cleared before the deletion so that code run by the contents' destroyed()
+// signals finds no half-destroyed instance.
+void KVToolWidgetManager::ReleaseInstance()
+{
+    KVToolWidgetManager* instance = Private::m_pInstance;
+    Private::m_pInstance = nullptr;
+    delete instance;
+}
+
+bool KVToolWidgetManager::Add(QWidget* widget, const QString& uid)
+{
+    Private* d = Private::Instance();
+    return d && d->Add(widget, uid);
+}
+
+void KVToolWidgetManager::Remove(QWidget* widget)
+{
+    if (Private* d = Private::Instance())
+        d->Remove(widget);
+}
+
+void KVToolWidgetManager::Activate(QWidget* widget)
+{
+    if (Private* d = Private::Instance())
+        d->Activate(widget);
+}
+
+QWidget* KVToolWidgetManager::GeneralContent()
+{
+    const Private* d = Private::Instance();
+    return d ? d->m_generalContent : nullptr;
+}
+
+bool KVToolWidgetManager::IsGeneralContentEmpty()
+{
+    const Private* d = Private::Instance();
+    return !d || !d->m_currentContent;
+}
+
+QString KVToolWidgetManager::CurrentUID()
+{
+    const Private* d = Private::Instance();
+    return d ? d->CurrentUID() : QString();
+}
+
+void KVToolWidgetManager::OnContentDestroyed(QObject* object)
+{
+    d->OnContentDestroyed(object);
+}

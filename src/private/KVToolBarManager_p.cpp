@@ -1,0 +1,3 @@
+#include "KVToolBarManager_p.h"
+
+KVToolBarManager* KVToolBarManager::Private::m_pInstance = nullptr;

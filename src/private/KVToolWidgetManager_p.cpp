@@ -1,0 +1,3 @@
+#include "KVToolWidgetManager_p.h"
+
+KVToolWidgetManager* KVToolWidgetManager::Private::m_pInstance = nullptr;

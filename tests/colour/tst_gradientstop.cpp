@@ -1,0 +1,132 @@
+#include "TestSupport.h"
+
+#include <KVApplication.h>
+#include <KVGradientStop.h>
+
+#include <QDataStream>
+
+using Stops = QList<KVGradientStop>;
+
+namespace {
+QByteArray Serialized(const KVGradientStop& stop, int version)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(version);
+    stream << stop;
+    return bytes;
+}
+} // namespace
+
+class GradientStopTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void resolution_data()
+    {
+        QTest::addColumn<int>("flags");    // background 1, foreground 2, user colour 4
+        QTest::addColumn<int>("resolves"); // background 0, foreground 1, black 2, stored 3
+        QTest::newRow("fixed") << 0 << 3;
+        QTest::newRow("background") << 1 << 0;
+        QTest::newRow("foreground") << 2 << 1;
+        QTest::newRow("user colour") << 4 << 2;
+        QTest::newRow("background and foreground") << 3 << 0;
+        QTest::newRow("foreground and user colour") << 6 << 1;
+    }
+
+    // Bound stops follow every change of the stored colours.
+    void resolution()
+    {
+        QFETCH(int, flags);
+        QFETCH(int, resolves);
+        const Stops stops{KVGradientStop(0.25, Qt::red, flags & 1, flags & 2, flags & 4)};
+        for (const QColor& paper : {QColor(Qt::yellow), QColor(Qt::cyan)}) {
+            const QColor ink = paper.darker();
+            KVApplication::SetBackground(paper);
+            KVApplication::SetForeground(ink);
+            const QColor expected = QList<QColor>{paper, ink, Qt::black, Qt::red}[resolves];
+            QCOMPARE(stops[0].GetColor(), expected);
+            QCOMPARE(ToGradientStops(stops), QGradientStops({{0.25, expected}}));
+            QCOMPARE(ToReversedStops(stops), QGradientStops({{0.75, expected}}));
+        }
+    }
+
+    void conversions()
+    {
+        KVApplication::SetBackground(Qt::white);
+        const QColor b(10, 20, 30), d(40, 50, 60, 70);
+        const Stops stops{KVGradientStop(0.0, Qt::red, true, false, false),
+                          KVGradientStop(0.25, b, false, false, false),
+                          KVGradientStop(1.0, d, false, false, false)};
+        QCOMPARE(ToReversedStops(stops), QGradientStops({{0.0, d}, {0.75, b}, {1.0, Qt::white}}));
+
+        // Back from Qt, the background stop is a fixed white one.
+        const Stops back = FromGradientStops(ToGradientStops(stops));
+        KVApplication::SetBackground(Qt::black);
+        QVERIFY(!back[0].IsBackground());
+        QCOMPARE(ToGradientStops(back), QGradientStops({{0.0, Qt::white}, {0.25, b}, {1.0, d}}));
+    }
+
+    void streamLayout()
+    {
+        const QByteArray expected = QByteArray::fromHex("3fe0000000000000"       // position
+                                                        "01ffffffff000000000000" // red
+                                                        "010001");               // flags
+        QCOMPARE(Serialized(KVGradientStop(0.5, Qt::red, true, false, true), QDataStream::Qt_5_15),
+                 expected);
+    }
+
+    void roundTrip_data()
+    {
+        QTest::addColumn<int>("version");
+        QTest::addColumn<QColor>("color");
+        QTest::newRow("default") << int(QDataStream().version()) << QColor(1, 2, 3, 4);
+        // Colours had no alpha then.
+        QTest::newRow("Qt 3.3") << int(QDataStream::Qt_3_3) << QColor(200, 100, 0);
+    }
+
+    void roundTrip()
+    {
+        QFETCH(int, version);
+        QFETCH(QColor, color);
+        for (const KVGradientStop& stop : {KVGradientStop(0.1, color, true, false, true),
+                                           KVGradientStop(0.7, color, false, true, false)}) {
+            QDataStream stream(Serialized(stop, version));
+            stream.setVersion(version);
+            KVGradientStop read;
+            stream >> read;
+            QCOMPARE(stream.status(), QDataStream::Ok);
+            QCOMPARE(read.GetPosition(), stop.GetPosition());
+            QCOMPARE(read.IsBackground(), stop.IsBackground());
+            QCOMPARE(read.IsForeground(), stop.IsForeground());
+            QCOMPARE(read.IsUserColor(), stop.IsUserColor());
+            read.SetBackground(false);
+            read.SetForeground(false);
+            read.SetUserColor(false);
+            QCOMPARE(read.GetColor(), color);
+        }
+    }
+
+    // However much was read, a cut stream leaves position 0.0 and an invalid colour.
+    void shortStream()
+    {
+        const QByteArray bytes =
+            Serialized(KVGradientStop(0.5, Qt::red, true, true, true), QDataStream::Qt_5_15);
+        for (int length = 0; length < bytes.size(); ++length) {
+            QDataStream stream(bytes.left(length));
+            KVGradientStop read(0.9, Qt::blue, false, false, false);
+            stream >> read;
+            QCOMPARE(stream.status(), QDataStream::ReadPastEnd);
+            QCOMPARE(read.GetPosition(), 0.0);
+            QVERIFY(!read.IsUserColor());
+            read.SetBackground(false);
+            read.SetForeground(false);
+            QVERIFY(!read.GetColor().isValid());
+        }
+    }
+};
+
+KV_TEST_APP_MAIN(GradientStopTest)
+
+#include "tst_gradientstop.moc"

@@ -1,0 +1,174 @@
+#include "TestSupport.h"
+
+#include <KVApplication.h>
+#include <KVMenuManager.h>
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+
+// The application's roles, defined the way the editor defines them.
+enum KVMenuManager::MenuRole : int
+{
+    FileMenu = 1,
+    EditMenu = 2,
+    ViewMenu = 3
+};
+
+using Menus = KVMenuManager;
+
+namespace {
+QString Texts(const QWidget* widget)
+{
+    QStringList texts;
+    for (QAction* action : widget->actions())
+        texts << action->text();
+    return texts.join(' ');
+}
+} // namespace
+
+// Menus placed by role and position, read back from the real menus and bar.
+class MenuManagerTest : public QObject
+{
+    Q_OBJECT
+
+    QList<QPointer<QMenu>> m_topLevel; // parentless menus the tests must delete
+
+    QMenu* Top(int role)
+    {
+        QMenu* menu = Menus::CreateMenu(Menus::MenuRole(role), QString::number(role));
+        m_topLevel << menu;
+        return menu;
+    }
+
+private Q_SLOTS:
+    void init() { Menus::InitInstance(); }
+    void cleanup()
+    {
+        Menus::ReleaseInstance();
+        qDeleteAll(m_topLevel);
+        m_topLevel.clear();
+    }
+
+    void withoutInstanceEverythingIsNeutral()
+    {
+        Menus::ReleaseInstance();
+        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File"));
+        QVERIFY(!Menus::CreateAction(Menus::FileMenu, 10) &&
+                !Menus::CreateMenu(Menus::FileMenu, 10));
+        Menus::Take(Menus::FileMenu, 10);
+        Menus::Setup(nullptr);
+    }
+
+    // "a10" makes an action at 10, "m10" a submenu, "A10" and "M10" hand in the
+    // caller's own; a taken position refuses all four.
+    void entriesFollowTheirPositions_data()
+    {
+        QTest::addColumn<QString>("entries");
+        QTest::addColumn<QString>("shown");
+        const char* const rows[][3] = {{"ascending", "a10 a20 a30", "10 20 30"},
+                                       {"between", "a10 a30 a20", "10 20 30"},
+                                       {"before a submenu", "m30 a10 M20 A5", "5 10 20 30"},
+                                       {"negative and gaps", "A100 m-4 a0 a1000", "-4 0 100 1000"},
+                                       {"taken", "a20 m20 A20 M20 a10", "10 20"}};
+        for (const auto& row : rows)
+            QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]);
+    }
+    void entriesFollowTheirPositions()
+    {
+        QFETCH(QString, entries);
+        QFETCH(QString, shown);
+        QMenu* file = Top(Menus::FileMenu);
+        QObject owner;
+        for (const QString& entry : entries.split(' ')) {
+            const QString text = entry.mid(1);
+            const int position = text.toInt();
+            switch (entry.at(0).toLatin1()) {
+            case 'a':
+                if (QAction* action = Menus::CreateAction(Menus::FileMenu, position))
+                    action->setText(text);
+                break;
+            case 'm':
+                if (QMenu* menu = Menus::CreateMenu(Menus::FileMenu, position))
+                    menu->setTitle(text);
+                break;
+            case 'A':
+                Menus::CreateAction(Menus::FileMenu, position, new QAction(text, &owner));
+                break;
+            default:
+                Menus::CreateMenu(Menus::FileMenu, position, new QMenu(text, file));
+            }
+        }
+        QCOMPARE(Texts(file), shown);
+    }
+
+    void barShowsRolesInOrderAndKeepsTheFirstMenu()
+    {
+        Top(Menus::ViewMenu);
+        QMenu* file = Top(Menus::FileMenu);
+        QMenu own("own"), stranger("stranger");
+        Menus::CreateMenu(Menus::EditMenu, &own);
+        Menus::CreateMenu(Menus::EditMenu, &stranger);
+        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "second"));
+        QVERIFY(!Menus::CreateAction(Menus::MenuRole(42), 1));
+        QMenuBar bar;
+        Menus::Setup(&bar);
+        QCOMPARE(Texts(&bar), QString("1 own 3"));
+
+        Menus::CreateAction(Menus::FileMenu, 1)->setText("late");
+        QCOMPARE(Texts(file), QString("late"));
+        Top(0); // reaches the bar only through another Setup()
+        QCOMPARE(Texts(&bar), QString("1 own 3"));
+        Menus::Setup(&bar);
+        QCOMPARE(Texts(&bar), QString("0 1 own 3"));
+    }
+
+    void takenEntriesGoBackToTheCaller()
+    {
+        QMenu* file = Top(Menus::FileMenu);
+        Menus::CreateAction(Menus::FileMenu, 10)->setText("10");
+        QPointer<QAction> taken = Menus::CreateAction(Menus::FileMenu, 20);
+        QPointer<QMenu> sub = Menus::CreateMenu(Menus::FileMenu, 30);
+        for (int position : {20, 30, 25})
+            Menus::Take(Menus::FileMenu, position);
+        Menus::Take(Menus::EditMenu, 10);
+        QVERIFY(taken && sub);
+        QCOMPARE(Texts(file), QString("10"));
+        Menus::CreateAction(Menus::FileMenu, 20)->setText("20");
+        delete taken; // the caller's now; the manager must not hold it
+        delete sub;
+        Menus::CreateAction(Menus::FileMenu, 15)->setText("15");
+        QCOMPARE(Texts(file), QString("10 15 20"));
+    }
+
+    // Whatever dies is forgotten: its position or role is free again.
+    void destroyedObjectsAreForgotten()
+    {
+        QMenu* file = Top(Menus::FileMenu);
+        QMenu* edit = Top(Menus::EditMenu);
+        auto* caller = new QAction("caller");
+        Menus::CreateAction(Menus::FileMenu, 10, caller);
+        Menus::CreateAction(Menus::EditMenu, 10, caller);
+        QPointer<QAction> owned = Menus::CreateAction(Menus::EditMenu, 20);
+        delete Menus::CreateMenu(Menus::FileMenu, 20);
+        QVERIFY(Menus::CreateMenu(Menus::FileMenu, 20));
+
+        delete edit; // takes its own action along, leaves the caller's
+        QVERIFY(!owned && !Menus::CreateAction(Menus::EditMenu, 10));
+        Top(Menus::EditMenu);
+        Menus::CreateAction(Menus::EditMenu, 10, caller);
+        delete caller; // was in two menus
+        QCOMPARE(file->actions().size(), 1);
+        QVERIFY(Menus::CreateAction(Menus::FileMenu, 10) &&
+                Menus::CreateAction(Menus::EditMenu, 10));
+
+        auto* bar = new QMenuBar;
+        Menus::Setup(bar);
+        delete bar;
+        Menus::ReleaseInstance(); // the menus outlive the manager
+        QCOMPARE(file->actions().size(), 2);
+    }
+};
+
+KV_TEST_APP_MAIN(MenuManagerTest)
+#include "tst_menumanager.moc"
