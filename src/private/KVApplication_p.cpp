@@ -190,9 +190,9 @@ bool KVApplication::Private::LoadTranslations(const QString& code)
         KV_LOG(QStringLiteral("Translations for \"%1\" language not found.").arg(code));
         return false;
     }
-    // Translators stay installed for the rest of the process; this list keeps
-    // them reachable.
-    static QList<QTranslator*> installed;
+    // Translators stay installed for the rest of the process; this list, never
+    // destroyed, keeps them reachable.
+    static auto* const installed = new QList<QTranslator*>;
     const QString prefix = QDir::toNativeSeparators(folder.absolutePath() + QLatin1Char('/'));
     bool loaded = false;
     const QStringList files =
@@ -201,7 +201,7 @@ bool KVApplication::Private::LoadTranslations(const QString& code)
         auto* translator = new QTranslator;
         if (translator->load(prefix + file)) {
             QCoreApplication::installTranslator(translator);
-            installed.append(translator);
+            installed->append(translator);
             loaded = true;
         } else {
             KV_LOG(QStringLiteral("Load translator \"%1\" error.").arg(prefix + file));
