@@ -11,15 +11,13 @@ namespace {
 NSString* const kRecentFilesKey = @"Recent files";
 NSString* const kSandboxVariable = @"APP_SANDBOX_CONTAINER_ID";
 
-NSString* ToNSString(const QString& text)
-{
+NSString* ToNSString(const QString& text) {
     return [NSString stringWithUTF8String:text.toUtf8().constData()];
 }
 
 // The URL of the file's stored bookmark, or nil. Staleness is not asked for:
 // a stale bookmark still grants access and is not renewed.
-NSURL* ResolveStoredBookmark(const QString& absolutePath)
-{
+NSURL* ResolveStoredBookmark(const QString& absolutePath) {
     NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
     if (!defaults)
         return nil;
@@ -38,24 +36,21 @@ NSURL* ResolveStoredBookmark(const QString& absolutePath)
 }
 } // namespace
 
-bool KVBookmarkStore::IsSandbox()
-{
+bool KVBookmarkStore::IsSandbox() {
     @autoreleasepool {
         NSDictionary* environment = [[NSProcessInfo processInfo] environment];
         return environment && [environment objectForKey:kSandboxVariable] != nil;
     }
 }
 
-bool KVBookmarkStore::StartAccess(const QString& absolutePath)
-{
+bool KVBookmarkStore::StartAccess(const QString& absolutePath) {
     @autoreleasepool {
         NSURL* url = ResolveStoredBookmark(absolutePath);
         return url && [url startAccessingSecurityScopedResource];
     }
 }
 
-bool KVBookmarkStore::StopAccess(const QString& absolutePath)
-{
+bool KVBookmarkStore::StopAccess(const QString& absolutePath) {
     @autoreleasepool {
         NSURL* url = ResolveStoredBookmark(absolutePath);
         if (!url)
@@ -65,8 +60,7 @@ bool KVBookmarkStore::StopAccess(const QString& absolutePath)
     }
 }
 
-void KVBookmarkStore::Add(const QString& absolutePath)
-{
+void KVBookmarkStore::Add(const QString& absolutePath) {
     @autoreleasepool {
         NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
         if (!defaults)

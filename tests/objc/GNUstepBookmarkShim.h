@@ -6,10 +6,7 @@
 #import <Foundation/Foundation.h>
 
 typedef NSUInteger NSURLBookmarkCreationOptions;
-enum
-{
-    NSURLBookmarkCreationWithSecurityScope = (1 << 11)
-};
+enum { NSURLBookmarkCreationWithSecurityScope = (1 << 11) };
 
 @interface NSURL (KVSecurityScopedBookmarks)
 + (instancetype)URLByResolvingBookmarkData:(NSData*)bookmarkData
