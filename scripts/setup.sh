@@ -10,6 +10,7 @@ packages=(
   libbenchmark-dev
   clang libgnustep-base-dev
   icc-profiles-free
+  xvfb xauth
 )
 
 missing=()

@@ -46,6 +46,16 @@ int KVAdjustment::GetType() const
     return AdjustmentType;
 }
 
+QString KVAdjustment::GetName() const
+{
+    return GetAdjustmentID();
+}
+
+QImage KVAdjustment::Apply(const QImage& image) const
+{
+    return image;
+}
+
 KVBrushPlugin::KVBrushPlugin(QObject* parent)
     : KVPlugin(parent)
 {}

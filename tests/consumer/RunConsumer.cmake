@@ -1,6 +1,9 @@
 # Installs the library into a throw-away prefix, then configures, builds and
-# runs the consumer project against it.
-#   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_SOURCE=... -DGENERATOR=... -P RunConsumer.cmake
+# runs a consumer project against it.
+#   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_SOURCE=... -DGENERATOR=...
+#         [-DPROGRAM=<program the project builds>] [-DEXPECTED=<regex of its output>]
+#         -P RunConsumer.cmake
+# Without PROGRAM and EXPECTED it runs the consumer project's own program.
 
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -9,6 +12,11 @@ function(run)
     endif()
     set(last_output "${output}" PARENT_SCOPE)
 endfunction()
+
+if(NOT PROGRAM)
+    set(PROGRAM consumer)
+    set(EXPECTED "consumer: user data folder ${WORK_DIR}/home/Library/Preferences/Pelkaro AB/Pelkaro")
+endif()
 
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${prefix} ${WORK_DIR}/build)
@@ -26,8 +34,8 @@ endforeach()
 run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE} -B ${WORK_DIR}/build -G "${GENERATOR}"
     -DCMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-run(${WORK_DIR}/build/consumer)
-if(NOT last_output MATCHES "consumer: user data folder ${WORK_DIR}/home/Library/Preferences/Pelkaro AB/Pelkaro")
+run(${WORK_DIR}/build/${PROGRAM})
+if(NOT last_output MATCHES "${EXPECTED}")
     message(FATAL_ERROR "unexpected consumer output: ${last_output}")
 endif()
 message(STATUS "${last_output}")

@@ -19,11 +19,15 @@ struct KnownFamily
 const QList<KnownFamily>& KnownFamilies()
 {
     static const QList<KnownFamily> families = {
-        {"PNG image", {"png"}},           {"JPEG image", {"jpeg", "jpg"}},
-        {"BMP image", {"bmp"}},           {"TIFF image", {"tif", "tiff"}},
-        {"WebP image", {"webp"}},         {"Netpbm image", {"pbm", "pgm", "ppm"}},
-        {"Windows icon", {"ico", "cur"}}, {"X11 bitmap", {"xbm"}},
-        {"X11 pixmap", {"xpm"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "PNG image"), {"png"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "JPEG image"), {"jpeg", "jpg"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "BMP image"), {"bmp"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "TIFF image"), {"tif", "tiff"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "WebP image"), {"webp"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "Netpbm image"), {"pbm", "pgm", "ppm"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "Windows icon"), {"ico", "cur"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "X11 bitmap"), {"xbm"}},
+        {QT_TRANSLATE_NOOP("QtImageFilePlugin", "X11 pixmap"), {"xpm"}},
     };
     return families;
 }
@@ -68,10 +72,10 @@ QtImageFilePlugin::QtImageFilePlugin(QObject* parent)
                 formats.append(format);
         }
         if (!formats.isEmpty())
-            m_families.append(MakeFamily(QString::fromLatin1(known.name), formats));
+            m_families.append(MakeFamily(tr(known.name), formats));
     }
     for (const QString& format : qAsConst(remaining))
-        m_families.append(MakeFamily(format.toUpper() + QStringLiteral(" image"), {format}));
+        m_families.append(MakeFamily(tr("%1 image").arg(format.toUpper()), {format}));
 }
 
 QtImageFilePlugin::~QtImageFilePlugin() = default;

@@ -7,7 +7,8 @@
 // Image formats read and written through Qt's image I/O (QImageReader and
 // QImageWriter), one format group per family of suffixes: PNG image (png),
 // JPEG image (jpeg, jpg), BMP image (bmp) and whatever else Qt's image plug-ins
-// on the machine can both read and write.
+// on the machine can both read and write. The group names are translated
+// when the plug-in is made.
 class QtImageFilePlugin : public KVImageFilePlugin
 {
     Q_OBJECT

@@ -1,0 +1,388 @@
+#include "TestSupport.h"
+
+#include <IBrushFactory.h>
+#include <KVActivateAction.h>
+#include <KVAdjustmentManager.h>
+#include <KVApplication.h>
+#include <KVBrushToolManager.h>
+#include <KVImageFileManager.h>
+#include <KVImageFileReader.h>
+#include <KVImageFileWriter.h>
+#include <KVToolBarManager.h>
+#include <KVToolGroupManager.h>
+#include <KVToolPlugin.h>
+#include <KVToolWidgetManager.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace {
+// Brushes first, as a scan of the plug-in folders loads them.
+const QStringList kSampleFiles = {KV_SAMPLE_BRUSHES, KV_SAMPLE_IMAGEIO, KV_SAMPLE_ADJUSTMENTS,
+                                  KV_SAMPLE_BASICTOOLS};
+
+// The first of the items whose name is the given one, or a null item.
+template <typename Item, typename NameOf>
+Item Named(const QList<Item>& items, const QString& name, NameOf nameOf)
+{
+    for (const Item& item : items) {
+        if (nameOf(item) == name)
+            return item;
+    }
+    return Item();
+}
+
+KVAdjustment* AdjustmentNamed(const QString& name)
+{
+    const auto nameOf = [](const QString& id) {
+        return KVAdjustmentManager::GetAdjustment(id)->GetName();
+    };
+    return KVAdjustmentManager::GetAdjustment(
+        Named(KVAdjustmentManager::GetRegistered(), name, nameOf));
+}
+
+QString ToolName(KVToolPlugin* tool)
+{
+    return tool->GetActions().first()->text();
+}
+
+void Select(const QString& tool)
+{
+    Named(KVToolPlugin::GetToolPlugins(), tool, ToolName)->GetActions().first()->trigger();
+}
+
+// The tools whose widgets the tool bar and tool panel areas show, the areas'
+// titles, and the tools whose actions are checked.
+QString ToolState()
+{
+    const QList<KVToolPlugin*> tools = KVToolPlugin::GetToolPlugins();
+    const auto shown = [&](const QString& uid) {
+        KVToolPlugin* tool = Named(tools, uid, [](KVToolPlugin* t) { return t->GetUID(); });
+        return tool ? ToolName(tool) : QStringLiteral("none");
+    };
+    QStringList checked;
+    for (KVToolPlugin* tool : tools) {
+        if (tool->GetActions().first()->isChecked())
+            checked.append(ToolName(tool));
+    }
+    return QStringLiteral("bar=%1 (%2), panel=%3 (%4), checked=%5")
+        .arg(shown(KVToolBarManager::CurrentUID()),
+             KVToolBarManager::GeneralContent()->windowTitle(),
+             shown(KVToolWidgetManager::CurrentUID()),
+             KVToolWidgetManager::GeneralContent()->windowTitle(), checked.join(','));
+}
+} // namespace
+
+// The four sample plug-in files, loaded as a host loads them, used as a new
+// user of the editor would.
+class SamplePluginsTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<KVApplication> m_app;
+    bool m_unloaded = false;
+    int m_argc = 1;
+    char m_name[8] = "Pelkaro";
+    char* m_argv[2] = {m_name, nullptr};
+
+private Q_SLOTS:
+    void init()
+    {
+        m_app = std::make_unique<KVApplication>(m_argc, m_argv);
+        KVImageFileManager::InitInstance();
+        KVAdjustmentManager::InitInstance();
+        KVBrushToolManager::InitInstance();
+        KVToolGroupManager::InitInstance();
+        KVToolBarManager::InitInstance();
+        KVToolWidgetManager::InitInstance();
+        m_app->LoadPlugins(kSampleFiles);
+        m_unloaded = false;
+    }
+
+    void cleanup()
+    {
+        if (!m_unloaded)
+            m_app->UnloadPlugins();
+        KVToolWidgetManager::ReleaseInstance();
+        KVToolBarManager::ReleaseInstance();
+        KVToolGroupManager::ReleaseInstance();
+        KVBrushToolManager::ReleaseInstance();
+        KVAdjustmentManager::ReleaseInstance();
+        KVImageFileManager::ReleaseInstance();
+        m_app.reset();
+    }
+
+    void everyFileLoadsUnderItsFamilyName()
+    {
+        QVERIFY(m_app->GetErrorPlugins().empty());
+        QStringList names;
+        for (const QString& file : kSampleFiles) {
+            QCOMPARE(m_app->GetErrorInfo(file), QString("Plugin OK."));
+            names.append(QFileInfo(file).fileName());
+        }
+        QCOMPARE(names, QStringList({"libbrushcontainer.2.dylib", "libimageio.2.dylib",
+                                     "libadjustments.2.dylib", "libbasictools.2.dylib"}));
+    }
+
+    void imageFilesRoundTrip_data()
+    {
+        QTest::addColumn<QString>("suffix");
+        QTest::addColumn<QString>("group");
+        QTest::addColumn<int>("tolerance");
+
+        QTest::newRow("png") << "png"
+                             << "PNG image" << 0;
+        QTest::newRow("jpg") << "jpg"
+                             << "JPEG image" << 12;
+        QTest::newRow("jpeg") << "jpeg"
+                              << "JPEG image" << 12;
+    }
+
+    void imageFilesRoundTrip()
+    {
+        QFETCH(QString, suffix);
+        QFETCH(QString, group);
+        QFETCH(int, tolerance);
+
+        for (const QStringList& groups : {KVImageFileManager::GetSupportedReadGroups(),
+                                          KVImageFileManager::GetSupportedWriteGroups()}) {
+            const QString uid = Named(groups, group, &KVImageFileManager::GetGroupName);
+            QVERIFY2(!uid.isEmpty(), qPrintable(group));
+            QVERIFY(KVImageFileManager::GetGroupFormats(uid).contains(suffix));
+        }
+
+        // Two flat halves, each a whole number of JPEG blocks wide.
+        QImage image(32, 16, QImage::Format_RGB32);
+        image.fill(qRgb(200, 30, 40));
+        for (int y = 0; y < 16; ++y) {
+            for (int x = 16; x < 32; ++x)
+                image.setPixel(x, y, qRgb(20, 60, 220));
+        }
+        QTemporaryDir dir;
+        const QString path = dir.filePath("picture." + suffix);
+        KVImageFileWriter* writer = KVImageFileManager::CreateWriter(suffix);
+        QVERIFY(writer);
+        QVERIFY2(writer->Write(image, path), qPrintable(writer->GetErrorString()));
+        KVImageFileManager::ReleaseWriter(writer);
+
+        KVImageFileReader* reader = KVImageFileManager::CreateReader(suffix.toUpper());
+        QVERIFY(reader);
+        const QImage read = reader->Read(path);
+        KVImageFileManager::ReleaseReader(reader);
+        QCOMPARE(read.size(), image.size());
+        for (const QPoint& at : {QPoint(4, 8), QPoint(27, 8)}) {
+            const QRgb expected = image.pixel(at);
+            const QRgb actual = read.pixel(at);
+            QVERIFY2(qAbs(qRed(actual) - qRed(expected)) <= tolerance &&
+                         qAbs(qGreen(actual) - qGreen(expected)) <= tolerance &&
+                         qAbs(qBlue(actual) - qBlue(expected)) <= tolerance,
+                     qPrintable(QString::number(actual, 16)));
+        }
+    }
+
+    void adjustmentsAreListedByName()
+    {
+        QStringList names;
+        for (const QString& id : KVAdjustmentManager::GetRegistered())
+            names.append(KVAdjustmentManager::GetAdjustment(id)->GetName());
+        QCOMPARE(names, QStringList({"Invert", "Greyscale", "Brighten", "Darken",
+                                     "Increase Contrast", "Decrease Contrast"}));
+        QVERIFY(AdjustmentNamed("Invert")->Apply(QImage()).isNull());
+    }
+
+    void adjustmentsChangePixels_data()
+    {
+        QTest::addColumn<QString>("adjustment");
+        QTest::addColumn<uint>("before");
+        QTest::addColumn<uint>("after");
+
+        QTest::newRow("invert") << "Invert" << qRgba(10, 100, 200, 128) << qRgba(245, 155, 55, 128);
+        // qGray's weights: 11/32 red, 16/32 green, 5/32 blue.
+        QTest::newRow("greyscale")
+            << "Greyscale" << qRgba(10, 100, 200, 77) << qRgba(84, 84, 84, 77);
+    }
+
+    void adjustmentsChangePixels()
+    {
+        QFETCH(QString, adjustment);
+        QFETCH(uint, before);
+        QFETCH(uint, after);
+
+        QImage image(5, 3, QImage::Format_ARGB32);
+        image.fill(before);
+        const QImage adjusted = AdjustmentNamed(adjustment)->Apply(image);
+        QCOMPARE(adjusted.size(), image.size());
+        QCOMPARE(QString::number(adjusted.pixel(4, 2), 16), QString::number(after, 16));
+        QCOMPARE(image.pixel(4, 2), QRgb(before)); // the original is left alone
+    }
+
+    // Each channel's direction of change: a channel below the middle, one at
+    // it and one above.
+    void toneAdjustmentsMoveChannels_data()
+    {
+        QTest::addColumn<QString>("adjustment");
+        QTest::addColumn<QVector<int>>("directions");
+
+        QTest::newRow("brighten") << "Brighten" << QVector<int>{1, 1, 1};
+        QTest::newRow("darken") << "Darken" << QVector<int>{-1, -1, -1};
+        QTest::newRow("more contrast") << "Increase Contrast" << QVector<int>{-1, 0, 1};
+        QTest::newRow("less contrast") << "Decrease Contrast" << QVector<int>{1, 0, -1};
+    }
+
+    void toneAdjustmentsMoveChannels()
+    {
+        QFETCH(QString, adjustment);
+        QFETCH(QVector<int>, directions);
+
+        const QRgb before = qRgba(60, 128, 200, 90);
+        QImage image(3, 2, QImage::Format_ARGB32);
+        image.fill(before);
+        const QRgb after = AdjustmentNamed(adjustment)->Apply(image).pixel(2, 1);
+        const QVector<int> changes = {qRed(after) - qRed(before), qGreen(after) - qGreen(before),
+                                      qBlue(after) - qBlue(before)};
+        for (int channel = 0; channel < 3; ++channel)
+            QCOMPARE(qBound(-1, changes[channel], 1), directions[channel]);
+        QCOMPARE(qAlpha(after), qAlpha(before));
+    }
+
+    void brushFactoryMakesTheRegisteredBrushes()
+    {
+        IBrushFactory* factory = KVApplication::GetBrushFactory();
+        QVERIFY(factory);
+        QCOMPARE(factory->GetBrushIDs(), KVBrushToolManager::GetRegistered());
+        const KVBrushPlugin* main = KVBrushToolManager::GetMainBrushPlugin();
+        QVERIFY(main);
+        QCOMPARE(factory->GetBrushName(main->GetUID()), QString("Round"));
+
+        QVERIFY(factory->CreateBrushTip(main->GetUID(), 0, 1.0).isNull());
+        QVERIFY(factory->CreateBrushTip("{unknown}", 9, 1.0).isNull());
+        QVERIFY(factory->GetBrushName("{unknown}").isEmpty());
+    }
+
+    void brushTips_data()
+    {
+        QTest::addColumn<QString>("brush");
+        QTest::addColumn<qreal>("hardness");
+        QTest::addColumn<bool>("opaqueAtThreeQuarters"); // partly transparent otherwise
+        QTest::addColumn<int>("corner");
+
+        QTest::newRow("hard round") << "Round" << 1.0 << true << 0;
+        QTest::newRow("round, hardness 0") << "Round" << 0.0 << false << 0;
+        QTest::newRow("soft round at full hardness") << "Soft Round" << 1.0 << false << 0;
+        QTest::newRow("hard square") << "Square" << 1.0 << true << 255;
+    }
+
+    void brushTips()
+    {
+        QFETCH(QString, brush);
+        QFETCH(qreal, hardness);
+        QFETCH(bool, opaqueAtThreeQuarters);
+        QFETCH(int, corner);
+
+        const IBrushFactory* factory = KVApplication::GetBrushFactory();
+        const QString id = Named(factory->GetBrushIDs(), brush,
+                                 [&](const QString& id) { return factory->GetBrushName(id); });
+        const QImage tip = factory->CreateBrushTip(id, 41, hardness);
+        QCOMPARE(tip.format(), QImage::Format_Alpha8);
+        QCOMPARE(tip.size(), QSize(41, 41));
+        const auto alpha = [&](int x, int y) { return int(tip.constScanLine(y)[x]); };
+        QCOMPARE(alpha(20, 20), 255);
+        const int threeQuarters = alpha(20 + 15, 20);
+        if (opaqueAtThreeQuarters)
+            QCOMPARE(threeQuarters, 255);
+        else
+            QVERIFY2(threeQuarters > 0 && threeQuarters < 255,
+                     qPrintable(QString::number(threeQuarters)));
+        QCOMPARE(alpha(0, 0), corner);
+    }
+
+    void toolActionsSwitchTheToolAreas()
+    {
+        QStringList names;
+        for (KVToolPlugin* tool : KVToolPlugin::GetToolPlugins())
+            names.append(ToolName(tool));
+        QCOMPARE(names, QStringList({"Move", "Brush", "Hand"}));
+
+        m_app->UIReady();
+        QCOMPARE(ToolState(), QString("bar=Move (Move), panel=Move (Move), checked=Move"));
+        KVActivateAction* move = KVToolGroupManager::GetExplicitAction();
+        QVERIFY(move && move->IsChecked());
+
+        Select("Brush");
+        QCOMPARE(ToolState(), QString("bar=Brush (Brush), panel=Brush (Brush), checked=Brush"));
+        QVERIFY(!move->IsChecked());
+        Select("Brush"); // a second click keeps it
+        QCOMPARE(ToolState(), QString("bar=Brush (Brush), panel=Brush (Brush), checked=Brush"));
+        Select("Hand");
+        QCOMPARE(ToolState(), QString("bar=Hand (Hand), panel=Hand (Hand), checked=Hand"));
+    }
+
+    void spaceHoldsTheHandTool()
+    {
+        // The window that shows the tool bar area; it takes the area with it.
+        QWidget window;
+        auto* layout = new QVBoxLayout(&window);
+        auto* field = new QLineEdit;
+        layout->addWidget(field);
+        layout->addWidget(KVToolBarManager::GeneralContent());
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        field->clearFocus();
+        Select("Brush");
+        KVActivateAction* brush = KVToolGroupManager::GetExplicitAction();
+
+        QTest::keyPress(&window, Qt::Key_Space);
+        QCOMPARE(ToolState(), QString("bar=Hand (Hand), panel=Hand (Hand), checked=Hand"));
+        QCOMPARE(KVToolGroupManager::GetExplicitAction(), brush);
+        QTest::keyRelease(&window, Qt::Key_Space);
+        QCOMPARE(ToolState(), QString("bar=Brush (Brush), panel=Brush (Brush), checked=Brush"));
+
+        // A blank typed into a text field stays a blank.
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_Space);
+        QCOMPARE(field->text(), QString(" "));
+        QCOMPARE(ToolState(), QString("bar=Brush (Brush), panel=Brush (Brush), checked=Brush"));
+    }
+
+    void toolOptionsAreSavedOnFlush()
+    {
+        Select("Brush");
+        auto* size = KVToolBarManager::GeneralContent()->findChild<QSpinBox*>();
+        QVERIFY(size);
+        size->setValue(33);
+        KVApplication::FlushData();
+        QCOMPARE(KVApplication::GetUserValue("BasicTools/BrushSize").toInt(), 33);
+    }
+
+    void unloadingEmptiesTheRegistries()
+    {
+        m_app->UIReady();
+        m_app->UnloadPlugins();
+        m_unloaded = true;
+        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
+        QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
+        QVERIFY(KVBrushToolManager::GetRegistered().isEmpty());
+        QVERIFY(!KVBrushToolManager::GetMainBrushPlugin());
+        QVERIFY(!KVApplication::GetBrushFactory());
+        QVERIFY(KVToolPlugin::GetToolPlugins().isEmpty());
+        QVERIFY(!KVToolGroupManager::GetExplicitAction());
+        QVERIFY(!KVToolGroupManager::GetImplicitAction());
+        for (QWidget* area :
+             {KVToolBarManager::GeneralContent(), KVToolWidgetManager::GeneralContent()}) {
+            QVERIFY(area->findChildren<QWidget*>().isEmpty());
+            QCOMPARE(area->windowTitle(), QString());
+        }
+    }
+};
+
+KV_TEST_MAIN(SamplePluginsTest)
+#include "tst_sampleplugins.moc"
