@@ -8,9 +8,9 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
     for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred)
             continue;
-        const double perIteration =
-            run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1e9;
-        m_nanoseconds[run.benchmark_name()] = perIteration;
+        const double toNanoseconds = 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit);
+        m_nanoseconds[run.benchmark_name()] = run.GetAdjustedRealTime() * toNanoseconds;
+        m_cpuNanoseconds[run.benchmark_name()] = run.GetAdjustedCPUTime() * toNanoseconds;
         const auto items = run.counters.find("items_per_second");
         if (items != run.counters.end())
             m_itemsPerSecond[run.benchmark_name()] = items->second.value;
@@ -21,6 +21,12 @@ double RatioReporter::Nanoseconds(const std::string& name) const
 {
     const auto it = m_nanoseconds.find(name);
     return it == m_nanoseconds.end() ? 0.0 : it->second;
+}
+
+double RatioReporter::CpuNanoseconds(const std::string& name) const
+{
+    const auto it = m_cpuNanoseconds.find(name);
+    return it == m_cpuNanoseconds.end() ? 0.0 : it->second;
 }
 
 double RatioReporter::ItemsPerSecond(const std::string& name) const

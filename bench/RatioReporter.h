@@ -14,12 +14,16 @@ public:
 
     // Nanoseconds of real time per iteration of a run, by its full name.
     double Nanoseconds(const std::string& name) const;
+    // Nanoseconds of the benchmark thread's CPU time per iteration, system
+    // calls included: the steadier measure where other processes compete.
+    double CpuNanoseconds(const std::string& name) const;
     // Items per second of a run (all threads together).
     double ItemsPerSecond(const std::string& name) const;
     bool Has(const std::string& name) const { return m_nanoseconds.count(name) != 0; }
 
 private:
     std::map<std::string, double> m_nanoseconds;
+    std::map<std::string, double> m_cpuNanoseconds;
     std::map<std::string, double> m_itemsPerSecond;
 };
 

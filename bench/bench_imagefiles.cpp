@@ -9,6 +9,8 @@
 #include <QVector>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 using Manager = KVImageFileManager;
@@ -168,6 +170,54 @@ BENCHMARK_DEFINE_F(ImageFiles, FilterForRead30Groups100Formats)(benchmark::State
         benchmark::DoNotOptimize(Manager::GetFilterForRead());
 }
 BENCHMARK_REGISTER_F(ImageFiles, FilterForRead30Groups100Formats)->UseRealTime();
+
+// Image-file plug-ins of ten formats each, one group of their own and one
+// reader and writer, as a plug-in library registers them.
+std::vector<std::unique_ptr<TestImagePlugin>> MakeFormatPlugins(int count)
+{
+    std::vector<std::unique_ptr<TestImagePlugin>> plugins;
+    for (int p = 0; p < count; ++p) {
+        const auto uid = [p](int kind) {
+            return QStringLiteral("{%1%2-0000-4000-8000-000000000000}")
+                .arg(kind, 4, 10, QLatin1Char('0'))
+                .arg(p, 4, 10, QLatin1Char('0'));
+        };
+        TestImagePluginConfig config;
+        config.uid = uid(1);
+        for (int f = 0; f < 10; ++f)
+            config.formats.append(QStringLiteral("p%1f%2").arg(p).arg(f));
+        config.groups.append(TestGroup{uid(2), QStringLiteral("Group %1").arg(p), config.formats});
+        config.readerUIDs = QStringList{uid(3)};
+        config.writerUIDs = QStringList{uid(4)};
+        plugins.push_back(std::make_unique<TestImagePlugin>(config));
+    }
+    return plugins;
+}
+
+class Registration : public benchmark::Fixture
+{
+public:
+    void SetUp(benchmark::State&) override { Manager::InitInstance(); }
+    void TearDown(benchmark::State&) override { Manager::ReleaseInstance(); }
+};
+
+BENCHMARK_DEFINE_F(Registration, RegisterAndUnregister)(benchmark::State& state)
+{
+    const auto plugins = MakeFormatPlugins(int(state.range(0)));
+    for (auto _ : state) {
+        for (const auto& plugin : plugins)
+            Manager::Register(plugin.get());
+        for (const auto& plugin : plugins)
+            Manager::Unregister(plugin.get());
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK_REGISTER_F(Registration, RegisterAndUnregister)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
 } // namespace
 
 void PrintImageFileRatios(const RatioReporter& report)
@@ -202,4 +252,23 @@ void PrintImageFileRatios(const RatioReporter& report)
     std::printf("%-66s %10.2f%-3s\n", "dialog filter, 30 groups over 100 formats",
                 report.Nanoseconds("ImageFiles/FilterForRead30Groups100Formats/real_time") / 1000.0,
                 "us");
+}
+
+void PrintRegistrationRatios(const RatioReporter& report)
+{
+    const auto perPlugin = [&](int count) {
+        return report.Nanoseconds("Registration/RegisterAndUnregister/" + std::to_string(count) +
+                                  "/real_time") /
+               count;
+    };
+    if (perPlugin(10) <= 0 || perPlugin(25) <= 0 || perPlugin(50) <= 0)
+        return;
+    std::printf("\nImage-file plug-ins of ten formats, registered and unregistered\n");
+    for (int count : {10, 25, 50}) {
+        std::printf("%-66s %10.2f%-3s\n",
+                    ("  per plug-in, " + std::to_string(count) + " plug-ins").c_str(),
+                    perPlugin(count) / 1000.0, "us");
+    }
+    std::printf("%-66s %10.2f%-3s\n", "per plug-in with 50 / per plug-in with 10",
+                perPlugin(50) / perPlugin(10), "x");
 }

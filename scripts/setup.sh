@@ -9,6 +9,7 @@ packages=(
   liblcms2-dev
   libbenchmark-dev
   clang libgnustep-base-dev
+  libclang-rt-14-dev
   icc-profiles-free
   xvfb xauth
 )

@@ -2,6 +2,7 @@
 
 #include "private/KVApplication_p.h"
 #include "private/KVLog.h"
+#include "private/KVSettingsFile_p.h"
 
 #include <QDir>
 #include <QFile>
@@ -68,8 +69,12 @@ struct PluginFolders
 
 PluginFolders ReadPluginFolders()
 {
-    const QSettings ini(KVApplication::GetResourcePath() + QStringLiteral("/plugins.ini"),
-                        QSettings::IniFormat);
+    const QString path = KVApplication::GetResourcePath() + QStringLiteral("/plugins.ini");
+    if (!KVSettingsFile::IsParsable(path)) {
+        KV_LOG(QStringLiteral("The settings file \"%1\" cannot be parsed.").arg(path));
+        return {};
+    }
+    const QSettings ini(path, QSettings::IniFormat);
     return {ini.value(QStringLiteral("brush"), QString()).toString(),
             ini.value(QStringLiteral("general"), QString()).toString()};
 }

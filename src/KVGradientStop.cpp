@@ -4,6 +4,24 @@
 
 #include <QDataStream>
 
+namespace {
+// Qt takes any byte for a streamed colour's model (RGB, HSV, CMYK...). One
+// that QColor does not know is corrupt data and must not live on in a colour
+// that gets copied: even a copy reads that byte as a colour model. Writing the
+// colour back answers the byte without reading it that way.
+bool HasKnownColourModel(const QColor& color, int version)
+{
+    if (version < QDataStream::Qt_4_0)
+        return true; // a plain RGB value, no model byte
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(version);
+    out << color;
+    const qint8 model = qint8(bytes.at(0));
+    return model >= QColor::Invalid && model <= QColor::ExtendedRgb;
+}
+} // namespace
+
 KVGradientStop::KVGradientStop() = default;
 
 KVGradientStop::KVGradientStop(double position, const QColor& color, bool background,
@@ -81,8 +99,11 @@ void KVGradientStop::Read(QDataStream& stream)
 {
     double position = 0.0;
     QColor color;
-    stream >> position >> color >> m_background >> m_foreground >> m_userColor;
-    // A short read can leave a half-filled colour that looks valid.
+    stream >> position >> color;
+    if (stream.status() == QDataStream::Ok && !HasKnownColourModel(color, stream.version()))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    stream >> m_background >> m_foreground >> m_userColor;
+    // A short or corrupt read can leave a colour that looks valid.
     if (stream.status() != QDataStream::Ok) {
         position = 0.0;
         color = QColor();

@@ -35,8 +35,9 @@ public:
     void SetPosition(double position);
 
     // Position, stored colour and the three flags, in QDataStream's own
-    // encoding at the stream's version. A stream that runs short leaves
-    // position 0.0 and an invalid colour, and its status says so.
+    // encoding at the stream's version. A stream that runs short, or whose
+    // colour has a colour model that QColor does not know, leaves position 0.0 and
+    // an invalid colour, and its status says so.
     void Write(QDataStream& stream) const;
     void Read(QDataStream& stream);
 

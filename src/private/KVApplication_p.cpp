@@ -18,6 +18,8 @@
 #include <QSettings>
 #include <QTranslator>
 
+#include <new>
+
 IBrushFactory* KVApplication::Private::m_pBrushFactory = nullptr;
 QBrush KVApplication::Private::m_gradient;
 const QString KVApplication::Private::m_ru = QStringLiteral("ru");
@@ -41,16 +43,44 @@ QString FolderOf(const QString& file)
     return QFileInfo(file).absolutePath();
 }
 
-QVariant ReadValue(const QString& file, const QString& key, const QVariant& defaultValue)
+// Past the check, Qt may still fail an allocation that a value asks for
+// (an image, say) and throw std::bad_alloc out of value() or sync(): the
+// read then answers the default and the write leaves the file as it is.
+void LogUnparsable(const QString& file)
 {
-    QSettings settings(file, QSettings::IniFormat);
-    return settings.value(key, defaultValue);
+    KV_LOG(QStringLiteral("The settings file \"%1\" cannot be parsed.").arg(file));
 }
 
-void WriteValue(const QString& file, const QString& key, const QVariant& value)
+QVariant ReadValue(KVSettingsGuard& guard, const QString& file, const QString& key,
+                   const QVariant& defaultValue)
 {
-    QSettings settings(file, QSettings::IniFormat);
-    settings.setValue(key, value);
+    if (!guard.IsParsable())
+        return defaultValue;
+    try {
+        QSettings settings(file, QSettings::IniFormat);
+        return settings.value(key, defaultValue);
+    } catch (const std::bad_alloc&) {
+        LogUnparsable(file);
+        return defaultValue;
+    }
+}
+
+void WriteValue(KVSettingsGuard& guard, const QString& file, const QString& key,
+                const QVariant& value)
+{
+    if (!guard.IsParsable())
+        return;
+    KVSettingsFile::ClearStaleLock(file);
+    try {
+        QSettings settings(file, QSettings::IniFormat);
+        settings.setValue(key, value);
+        // Here rather than in the destructor, which swallows a failure.
+        settings.sync();
+        if (settings.status() == QSettings::NoError)
+            guard.Trust();
+    } catch (const std::bad_alloc&) {
+        LogUnparsable(file);
+    }
 }
 } // namespace
 
@@ -71,6 +101,8 @@ KVApplication::Private::Private(KVApplication* owner)
     m_userSettingsFile =
         QDir::toNativeSeparators(userFolder + QDir::separator() + QStringLiteral("user.ini"));
     MakeFolderStructure(userFolder);
+    m_appSettings.SetPath(m_appSettingsFile);
+    m_userSettings.SetPath(m_userSettingsFile);
     m_resourcePath = QDir(KVApplication::GetResourcePath()).absolutePath();
     m_languages = MakeLangList(m_resourcePath);
 
@@ -101,7 +133,7 @@ void KVApplication::Private::MakeFolderStructure(const QString& path)
 QVariant KVApplication::Private::GetUserValue(const QString& key,
                                               const QVariant& defaultValue) const
 {
-    const QVariant value = ReadValue(m_userSettingsFile, key, defaultValue);
+    const QVariant value = ReadValue(m_userSettings, m_userSettingsFile, key, defaultValue);
     if (key != kLanguageKey)
         return value;
     // Codes are stored with their region (en_US); the editor knows languages only.
@@ -112,22 +144,22 @@ void KVApplication::Private::SetUserValue(const QString& key, const QVariant& va
 {
     if (!QFileInfo::exists(m_userSettingsFile)) {
         MakeFolderStructure(FolderOf(m_userSettingsFile));
-        WriteValue(m_userSettingsFile, GetName(Version), kSettingsVersion);
+        WriteValue(m_userSettings, m_userSettingsFile, GetName(Version), kSettingsVersion);
     }
-    WriteValue(m_userSettingsFile, key, value);
+    WriteValue(m_userSettings, m_userSettingsFile, key, value);
 }
 
 QVariant KVApplication::Private::GetApplicationValue(const QString& key,
                                                      const QVariant& defaultValue) const
 {
-    return ReadValue(m_appSettingsFile, key, defaultValue);
+    return ReadValue(m_appSettings, m_appSettingsFile, key, defaultValue);
 }
 
 void KVApplication::Private::SetApplicationValue(const QString& key, const QVariant& value)
 {
     if (!QFileInfo::exists(m_appSettingsFile))
         MakeFolderStructure(FolderOf(m_appSettingsFile));
-    WriteValue(m_appSettingsFile, key, value);
+    WriteValue(m_appSettings, m_appSettingsFile, key, value);
 }
 
 QString KVApplication::Private::GetDataFolder() const
@@ -137,7 +169,7 @@ QString KVApplication::Private::GetDataFolder() const
 
 void KVApplication::Private::SetDataFolder(const QString& folder)
 {
-    MoveSettingsFile(m_appSettingsFile, folder);
+    MoveSettingsFile(m_appSettingsFile, m_appSettings, folder);
 }
 
 QString KVApplication::Private::GetUserDataFolder() const
@@ -147,16 +179,18 @@ QString KVApplication::Private::GetUserDataFolder() const
 
 void KVApplication::Private::SetUserDataFolder(const QString& folder)
 {
-    MoveSettingsFile(m_userSettingsFile, folder);
+    MoveSettingsFile(m_userSettingsFile, m_userSettings, folder);
 }
 
-void KVApplication::Private::MoveSettingsFile(QString& settingsFile, const QString& folder)
+void KVApplication::Private::MoveSettingsFile(QString& settingsFile, KVSettingsGuard& guard,
+                                              const QString& folder)
 {
     if (folder == FolderOf(settingsFile))
         return;
     settingsFile =
         QDir::toNativeSeparators(folder + QDir::separator() + QFileInfo(settingsFile).fileName());
     MakeFolderStructure(folder);
+    guard.SetPath(settingsFile);
 }
 
 QStringList KVApplication::Private::MakeLangList(const QString& path)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KVApplication.h"
+#include "KVSettingsFile_p.h"
 
 #include <QBrush>
 #include <QMap>
@@ -78,6 +79,10 @@ public:
     std::vector<PluginStatus> m_pluginStatus;
     QStringList m_patterns;
     QAction* m_pRefineSelection = nullptr;
+    // Each settings file checked before QSettings parses it, and kept parsed
+    // between accesses; the checks remember their verdicts, even in reads.
+    mutable KVSettingsGuard m_appSettings;
+    mutable KVSettingsGuard m_userSettings;
 
     static IBrushFactory* m_pBrushFactory;
     static QBrush m_gradient;
@@ -90,5 +95,6 @@ public:
 
 private:
     void LogUnload(const PluginStatus& record);
-    static void MoveSettingsFile(QString& settingsFile, const QString& folder);
+    static void MoveSettingsFile(QString& settingsFile, KVSettingsGuard& guard,
+                                 const QString& folder);
 };

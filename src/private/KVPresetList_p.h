@@ -1,11 +1,15 @@
 #pragma once
 
+#include "KVSettingsFile_p.h"
+
+#include <QFile>
 #include <QList>
 #include <QSettings>
 #include <QString>
 #include <QVariant>
 
 #include <algorithm>
+#include <new>
 #include <stdexcept>
 
 // A user-editable list of presets kept in an INI file of its own: a top-level
@@ -46,33 +50,26 @@ public:
             d->LoadFromFile(fileName);
     }
 
-    // Reads the user's file; one that this list never wrote (no "Version")
-    // is replaced by the defaults.
+    // Reads the user's file; one that this list never wrote (no "Version"),
+    // or one that cannot be parsed, is replaced by the defaults.
     void LoadFromFile(const QString& fileName)
     {
         m_fileName = fileName;
-        if (QSettings(fileName, QSettings::IniFormat).contains(VersionKey())) {
-            Read(fileName);
+        if (ReadUserFile())
             return;
-        }
+        m_list.clear();
         Read(QString::fromLatin1(Private::kDefaults));
         Sync();
     }
 
+    // A file that Qt cannot parse cannot be updated in place (see
+    // KVSettingsFile_p.h); it holds nothing but this list, which replaces it.
     void Sync() const
     {
-        QSettings settings(m_fileName, QSettings::IniFormat);
-        settings.setValue(VersionKey(), QStringLiteral("2.3.0"));
-        settings.beginGroup(QString::fromLatin1(Private::kGroup));
-        const int stored = settings.allKeys().size();
-        for (int i = 0; i < m_list.size(); ++i)
-            settings.setValue(QString::number(i), Private::ToSetting(m_list.at(i)));
-        // Counting the keys rather than taking the highest index bounds this by
-        // the file's size. A key beyond a gap in a hand-edited file survives,
-        // which is harmless: reading stops at the gap.
-        for (int i = m_list.size(); i < stored; ++i)
-            settings.remove(QString::number(i));
-        settings.endGroup();
+        if (KVSettingsFile::IsParsable(m_fileName) && Write())
+            return;
+        QFile::remove(m_fileName);
+        Write();
     }
 
     void Add(int index, const Value& value)
@@ -132,6 +129,46 @@ public:
 
 private:
     static QString VersionKey() { return QStringLiteral("Version"); }
+
+    // Past the check, Qt may still fail an allocation that a value asks for
+    // and throw std::bad_alloc; the user's file then counts as unreadable.
+    bool ReadUserFile()
+    {
+        if (!KVSettingsFile::IsParsable(m_fileName))
+            return false;
+        try {
+            if (!QSettings(m_fileName, QSettings::IniFormat).contains(VersionKey()))
+                return false;
+            Read(m_fileName);
+            return true;
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+    }
+
+    bool Write() const
+    {
+        KVSettingsFile::ClearStaleLock(m_fileName);
+        try {
+            QSettings settings(m_fileName, QSettings::IniFormat);
+            settings.setValue(VersionKey(), QStringLiteral("2.3.0"));
+            settings.beginGroup(QString::fromLatin1(Private::kGroup));
+            const int stored = settings.allKeys().size();
+            for (int i = 0; i < m_list.size(); ++i)
+                settings.setValue(QString::number(i), Private::ToSetting(m_list.at(i)));
+            // Counting the keys rather than taking the highest index bounds this
+            // by the file's size. A key beyond a gap in a hand-edited file
+            // survives, which is harmless: reading stops at the gap.
+            for (int i = m_list.size(); i < stored; ++i)
+                settings.remove(QString::number(i));
+            settings.endGroup();
+            // Here rather than in the destructor, which swallows a failure.
+            settings.sync();
+            return true;
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+    }
 
     // Stops at the first missing index; invalid values are skipped.
     void Read(const QString& fileName)

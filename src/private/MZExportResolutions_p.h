@@ -15,6 +15,12 @@ public:
 
     static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
 
+    // Spaces are ignored; anything other than two decimal numbers from 1 to
+    // 10000 joined by a lower-case x gives QSize(-1, -1). The text comes from
+    // a file that the user may edit, so the fuzz target reaches it directly.
+    static QSize SizeFromString(const QString& text);
+    static QString SizeToString(const QSize& size);
+
     MZExportResolutions* q;
 
     static MZExportResolutions* m_pInstance;
@@ -25,11 +31,6 @@ private:
     static constexpr const char* kGroup = "Resolutions";
     static constexpr const char* kDefaults = ":/ExportAndShareResolution.ini";
     static constexpr const char* kOutOfRange = "resolution index is out of range";
-
-    // Spaces are ignored; anything other than two decimal numbers from 1 to
-    // 10000 joined by a lower-case x gives QSize(-1, -1).
-    static QSize SizeFromString(const QString& text);
-    static QString SizeToString(const QSize& size);
 
     static int OrderKey(const QSize& size) { return size.width(); }
     static bool IsValid(const QSize& size) { return size.width() >= 1 && size.height() >= 1; }

@@ -1,0 +1,7 @@
+#pragma once
+
+// The application object that the measures run in, made by main().
+int& ApplicationArgc();
+char** ApplicationArgv();
+void StartApplication();
+void EndApplication();

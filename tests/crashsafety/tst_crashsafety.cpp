@@ -1,0 +1,163 @@
+#include "BundleFixture.h"
+#include "TestSupport.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QThread>
+
+namespace {
+const QStringList kFiles = {"user", "resolutions", "sizes"};
+
+// What a killed writer said about each file: the state of its last finished
+// change (or what it loaded), and the state of a change it had announced
+// after that, which may or may not have reached the disk.
+struct Expected
+{
+    QMap<QString, QString> done;
+    QMap<QString, QString> pending;
+};
+
+Expected ParseReport(const QStringList& lines)
+{
+    Expected expected;
+    for (const QString& line : lines) {
+        const QString kind = line.section(':', 0, 0);
+        const QString file = line.section(':', 1).section('=', 0, 0);
+        const QString state = line.section('=', 1);
+        if (kind == "start" || kind == "done") {
+            expected.done[file] = state;
+            expected.pending.remove(file);
+        } else if (kind == "next") {
+            expected.pending[file] = state;
+        }
+    }
+    return expected;
+}
+
+// Reads a settings file through a copy of its own, so that Qt's cache of
+// parsed files can never answer for an earlier version of it.
+QString ReadState(const QString& path, const QString& file, int check)
+{
+    if (!QFile::exists(path))
+        return file == "user" ? QString() : QStringLiteral("<missing>");
+    const QString copy = QStringLiteral("%1.check%2").arg(path).arg(check);
+    QFile::remove(copy);
+    if (!QFile::copy(path, copy))
+        return QStringLiteral("<unreadable>");
+    QString state;
+    {
+        QSettings settings(copy, QSettings::IniFormat);
+        if (settings.status() != QSettings::NoError)
+            return QStringLiteral("<unparsable>");
+        if (file == "user") {
+            state = settings.value("Save/PathOpen").toString();
+        } else {
+            QStringList entries;
+            if (settings.contains("Version")) {
+                settings.beginGroup(file == "sizes" ? "Sizes" : "Resolutions");
+                for (int i = 0; settings.contains(QString::number(i)); ++i)
+                    entries.append(settings.value(QString::number(i)).toString());
+            } else {
+                entries.append(QStringLiteral("<no version>"));
+            }
+            state = entries.join(',');
+        }
+    }
+    QFile::remove(copy);
+    return state;
+}
+} // namespace
+
+// A process that keeps changing user.ini and both preset lists is killed at
+// random moments, again and again; after every kill each file must still
+// parse and hold every change that the process had finished.
+class CrashSafetyTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    // About three hundred kills, but never much more than half a minute:
+    // sanitizer builds start the process several times slower.
+    static constexpr int kKills = 300;
+    static constexpr qint64 kBudgetMs = 30000;
+
+    BundleFixture m_bundle;
+    // In memory where the system allows: a write then takes a fraction of a
+    // millisecond instead of a disk flush, so a kill finds the writer in the
+    // middle of one change or another nearly every time.
+    QTemporaryDir m_home{QFileInfo("/dev/shm").isWritable() ? "/dev/shm/kvcrash-XXXXXX"
+                                                            : QDir::tempPath() + "/kvcrash-XXXXXX"};
+
+    QString FilePath(const QString& file) const
+    {
+        const QString folder = m_home.path() + "/Library/Preferences/Pelkaro AB/Pelkaro/";
+        if (file == "user")
+            return folder + "user.ini";
+        return folder +
+               (file == "sizes" ? "exportandsharesize.ini" : "exportandshareresolution.ini");
+    }
+
+    // Starts the writer, lets it work for a random moment after it loaded
+    // the files, kills it, and answers what it said.
+    QStringList RunAndKill(int run, int afterMs)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", m_home.path());
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(m_bundle.MacOSPath() + "/Pelkaro", {"keepWriting", QString::number(run)});
+        QByteArray output;
+        while (!output.contains("start:sizes=") && process.waitForReadyRead(30000))
+            output += process.readAllStandardOutput();
+        QThread::usleep(ulong(afterMs) * 1000);
+        process.kill();
+        process.waitForFinished();
+        output += process.readAllStandardOutput();
+        return QString::fromUtf8(output).split('\n', Qt::SkipEmptyParts);
+    }
+
+private Q_SLOTS:
+    void killedWriterLeavesEveryFinishedChange()
+    {
+        QVERIFY(m_bundle.IsValid() && m_home.isValid());
+        QMap<QString, QString> onDisk;
+        QElapsedTimer timer;
+        timer.start();
+        int kills = 0;
+        int changes = 0;
+        int interrupted = 0;
+        for (; kills < kKills && timer.elapsed() < kBudgetMs; ++kills) {
+            const QStringList lines = RunAndKill(kills, QRandomGenerator::global()->bounded(25));
+            const Expected expected = ParseReport(lines);
+            QVERIFY2(expected.done.size() == kFiles.size(), "the writer reports what it loaded");
+            changes += lines.filter("done:").size();
+            interrupted += expected.pending.isEmpty() ? 0 : 1;
+            for (const QString& file : kFiles) {
+                // What the writer loaded is what the previous kill left.
+                const QString loaded = lines.filter("start:" + file + "=").value(0).section('=', 1);
+                if (onDisk.contains(file))
+                    QCOMPARE(loaded, onDisk.value(file));
+                const QString state = ReadState(FilePath(file), file, kills);
+                const bool held =
+                    state == expected.done.value(file) ||
+                    (expected.pending.contains(file) && state == expected.pending.value(file));
+                QVERIFY2(held, qPrintable(QString("kill %1, %2: the file holds \"%3\", the last "
+                                                  "finished change left \"%4\"")
+                                              .arg(kills)
+                                              .arg(file, state, expected.done.value(file))));
+                onDisk[file] = state;
+            }
+        }
+        qInfo("%d kills in %lld ms, %d changes finished, %d kills in the middle of one", kills,
+              timer.elapsed(), changes, interrupted);
+        QVERIFY2(kills >= 50, "enough kills within the time allowed");
+    }
+};
+
+KV_TEST_MAIN(CrashSafetyTest)
+#include "tst_crashsafety.moc"
