@@ -414,16 +414,16 @@ Result VariantCheck::Map(int depth, bool intKeys)
     return Result::Follow;
 }
 
-// A spec (one byte) and five components of two bytes. Qt takes any byte
-// for the spec, and keeps it even when the components run short; one that
+// A colour model (one byte) and five components of two bytes. Qt takes any byte
+// for the colour model, and keeps it even when the components run short; one that
 // QColor does not know makes every copy of the colour undefined behaviour,
 // so it counts as damage like a count too large.
 Result VariantCheck::Colour()
 {
     if (Remaining() < 1)
         return Result::Ended;
-    const qint8 spec = qint8(m_bytes.at(int(m_position)));
-    if (spec < QColor::Invalid || spec > QColor::ExtendedRgb)
+    const qint8 model = qint8(m_bytes.at(int(m_position)));
+    if (model < QColor::Invalid || model > QColor::ExtendedRgb)
         return Result::Reject;
     return Skip(11);
 }

@@ -118,9 +118,9 @@ private Q_SLOTS:
         row("date in an unknown zone",
             QByteArray("@DateTime(\\0\\0\\0\\x10\\0\\0\\0\\0\\0\\0%\\x8ds\\0\\0\\0\\0\\x3"
                        "\\0\\0\\0\\x4\\0X\\0Y)"));
-        row("colour of an unknown spec",
+        row("colour of an unknown model",
             QByteArray("@Variant(\\0\\0\\0\\x43\\x11\\xff\\xff\\0\\0\\0\\0\\0\\0\\0\\0)"));
-        row("colour of an unknown spec, cut short",
+        row("colour of an unknown model, cut short",
             QByteArray("@Variant(\\0\\0\\0\\x43\\xf\\x28)"));
     }
 
@@ -302,7 +302,7 @@ private Q_SLOTS:
 
     void gradientStopWithUnknownColourSpecIsCorrupt_data()
     {
-        QTest::addColumn<int>("spec");
+        QTest::addColumn<int>("model");
         QTest::addColumn<bool>("read");
         QTest::newRow("extended RGB") << int(QColor::ExtendedRgb) << true;
         QTest::newRow("one past the last") << int(QColor::ExtendedRgb) + 1 << false;
@@ -312,12 +312,12 @@ private Q_SLOTS:
 
     void gradientStopWithUnknownColourSpecIsCorrupt()
     {
-        QFETCH(int, spec);
+        QFETCH(int, model);
         QFETCH(bool, read);
         QByteArray bytes;
         {
             QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << 0.5 << qint8(spec) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
+            out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
                 << quint16(0) << false << false << false;
         }
         QDataStream in(bytes);
