@@ -300,7 +300,7 @@ private Q_SLOTS:
                  QString("2.3.0"));
     }
 
-    void gradientStopWithUnknownColourSpecIsCorrupt_data()
+    void gradientStopWithUnknownColourModelIsCorrupt_data()
     {
         QTest::addColumn<int>("model");
         QTest::addColumn<bool>("read");
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QTest::newRow("negative") << -1 << false;
     }
 
-    void gradientStopWithUnknownColourSpecIsCorrupt()
+    void gradientStopWithUnknownColourModelIsCorrupt()
     {
         QFETCH(int, model);
         QFETCH(bool, read);
