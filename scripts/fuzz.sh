@@ -49,7 +49,7 @@ cmake --build "$build" --parallel "$(nproc)" --target kvfuzz
 # and failing it at once spares the sanitizer mapping and poisoning it.
 export ASAN_OPTIONS="allocator_may_return_null=1:max_allocation_size_mb=256:detect_leaks=1"
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
-export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
+export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:suppressions=$PWD/tests/ubsan.supp"
 export QT_QPA_PLATFORM=offscreen
 
 status=0

@@ -20,7 +20,7 @@ case "${1:-}" in
         # Full stacks on allocation let the suppressions name the Qt module that leaks.
         export ASAN_OPTIONS="halt_on_error=1:abort_on_error=1:detect_leaks=1:fast_unwind_on_malloc=0"
         export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
-        export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
+        export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:suppressions=$PWD/tests/ubsan.supp"
         ;;
     --tsan)
         build_dir=build-tsan

@@ -69,12 +69,10 @@ struct PluginFolders
 
 PluginFolders ReadPluginFolders()
 {
-    const QString path = KVApplication::GetResourcePath() + QStringLiteral("/plugins.ini");
-    if (!KVSettingsFile::IsParsable(path)) {
-        KV_LOG(QStringLiteral("The settings file \"%1\" cannot be parsed.").arg(path));
-        return {};
-    }
-    const QSettings ini(path, QSettings::IniFormat);
+    // The bundle's own file: read, never repaired in place.
+    KVSettingsFile file(KVApplication::GetResourcePath() + QStringLiteral("/plugins.ini"),
+                        KVSettingsFile::ReadOnly);
+    const QSettings ini(file.ReadPath(), QSettings::IniFormat);
     return {ini.value(QStringLiteral("brush"), QString()).toString(),
             ini.value(QStringLiteral("general"), QString()).toString()};
 }

@@ -46,40 +46,36 @@ QString FolderOf(const QString& file)
 // Past the check, Qt may still fail an allocation that a value asks for
 // (an image, say) and throw std::bad_alloc out of value() or sync(): the
 // read then answers the default and the write leaves the file as it is.
-void LogUnparsable(const QString& file)
+void LogUnreadable(const QString& file)
 {
-    KV_LOG(QStringLiteral("The settings file \"%1\" cannot be parsed.").arg(file));
+    KV_LOG(QStringLiteral("The settings file \"%1\" cannot be read.").arg(file));
 }
 
-QVariant ReadValue(KVSettingsGuard& guard, const QString& file, const QString& key,
-                   const QVariant& defaultValue)
+QVariant ReadValue(KVSettingsFile& file, const QString& key, const QVariant& defaultValue)
 {
-    if (!guard.IsParsable())
-        return defaultValue;
     try {
-        QSettings settings(file, QSettings::IniFormat);
+        QSettings settings(file.ReadPath(), QSettings::IniFormat);
         return settings.value(key, defaultValue);
     } catch (const std::bad_alloc&) {
-        LogUnparsable(file);
+        LogUnreadable(file.Path());
         return defaultValue;
     }
 }
 
-void WriteValue(KVSettingsGuard& guard, const QString& file, const QString& key,
-                const QVariant& value)
+void WriteValue(KVSettingsFile& file, const QString& key, const QVariant& value)
 {
-    if (!guard.IsParsable())
+    const QString path = file.WritePath();
+    if (path.isEmpty())
         return;
-    KVSettingsFile::ClearStaleLock(file);
     try {
-        QSettings settings(file, QSettings::IniFormat);
+        QSettings settings(path, QSettings::IniFormat);
         settings.setValue(key, value);
         // Here rather than in the destructor, which swallows a failure.
         settings.sync();
         if (settings.status() == QSettings::NoError)
-            guard.Trust();
+            file.Written();
     } catch (const std::bad_alloc&) {
-        LogUnparsable(file);
+        LogUnreadable(path);
     }
 }
 } // namespace
@@ -133,7 +129,7 @@ void KVApplication::Private::MakeFolderStructure(const QString& path)
 QVariant KVApplication::Private::GetUserValue(const QString& key,
                                               const QVariant& defaultValue) const
 {
-    const QVariant value = ReadValue(m_userSettings, m_userSettingsFile, key, defaultValue);
+    const QVariant value = ReadValue(m_userSettings, key, defaultValue);
     if (key != kLanguageKey)
         return value;
     // Codes are stored with their region (en_US); the editor knows languages only.
@@ -144,22 +140,22 @@ void KVApplication::Private::SetUserValue(const QString& key, const QVariant& va
 {
     if (!QFileInfo::exists(m_userSettingsFile)) {
         MakeFolderStructure(FolderOf(m_userSettingsFile));
-        WriteValue(m_userSettings, m_userSettingsFile, GetName(Version), kSettingsVersion);
+        WriteValue(m_userSettings, GetName(Version), kSettingsVersion);
     }
-    WriteValue(m_userSettings, m_userSettingsFile, key, value);
+    WriteValue(m_userSettings, key, value);
 }
 
 QVariant KVApplication::Private::GetApplicationValue(const QString& key,
                                                      const QVariant& defaultValue) const
 {
-    return ReadValue(m_appSettings, m_appSettingsFile, key, defaultValue);
+    return ReadValue(m_appSettings, key, defaultValue);
 }
 
 void KVApplication::Private::SetApplicationValue(const QString& key, const QVariant& value)
 {
     if (!QFileInfo::exists(m_appSettingsFile))
         MakeFolderStructure(FolderOf(m_appSettingsFile));
-    WriteValue(m_appSettings, m_appSettingsFile, key, value);
+    WriteValue(m_appSettings, key, value);
 }
 
 QString KVApplication::Private::GetDataFolder() const
@@ -182,7 +178,7 @@ void KVApplication::Private::SetUserDataFolder(const QString& folder)
     MoveSettingsFile(m_userSettingsFile, m_userSettings, folder);
 }
 
-void KVApplication::Private::MoveSettingsFile(QString& settingsFile, KVSettingsGuard& guard,
+void KVApplication::Private::MoveSettingsFile(QString& settingsFile, KVSettingsFile& file,
                                               const QString& folder)
 {
     if (folder == FolderOf(settingsFile))
@@ -190,7 +186,7 @@ void KVApplication::Private::MoveSettingsFile(QString& settingsFile, KVSettingsG
     settingsFile =
         QDir::toNativeSeparators(folder + QDir::separator() + QFileInfo(settingsFile).fileName());
     MakeFolderStructure(folder);
-    guard.SetPath(settingsFile);
+    file.SetPath(settingsFile);
 }
 
 QStringList KVApplication::Private::MakeLangList(const QString& path)

@@ -81,8 +81,8 @@ public:
     QAction* m_pRefineSelection = nullptr;
     // Each settings file checked before QSettings parses it, and kept parsed
     // between accesses; the checks remember their verdicts, even in reads.
-    mutable KVSettingsGuard m_appSettings;
-    mutable KVSettingsGuard m_userSettings;
+    mutable KVSettingsFile m_appSettings;
+    mutable KVSettingsFile m_userSettings;
 
     static IBrushFactory* m_pBrushFactory;
     static QBrush m_gradient;
@@ -95,6 +95,6 @@ public:
 
 private:
     void LogUnload(const PluginStatus& record);
-    static void MoveSettingsFile(QString& settingsFile, KVSettingsGuard& guard,
+    static void MoveSettingsFile(QString& settingsFile, KVSettingsFile& file,
                                  const QString& folder);
 };

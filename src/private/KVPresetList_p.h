@@ -2,7 +2,6 @@
 
 #include "KVSettingsFile_p.h"
 
-#include <QFile>
 #include <QList>
 #include <QSettings>
 #include <QString>
@@ -50,27 +49,21 @@ public:
             d->LoadFromFile(fileName);
     }
 
-    // Reads the user's file; one that this list never wrote (no "Version"),
-    // or one that cannot be parsed, is replaced by the defaults.
+    // Reads the user's file as its keys stand; only a file that this list
+    // never wrote (no "Version") is replaced by the defaults.
     void LoadFromFile(const QString& fileName)
     {
         m_fileName = fileName;
+        m_file.SetPath(fileName);
         if (ReadUserFile())
             return;
         m_list.clear();
-        Read(QString::fromLatin1(Private::kDefaults));
+        KVSettingsFile defaults(QString::fromLatin1(Private::kDefaults), KVSettingsFile::ReadOnly);
+        Read(defaults.ReadPath());
         Sync();
     }
 
-    // A file that Qt cannot parse cannot be updated in place (see
-    // KVSettingsFile_p.h); it holds nothing but this list, which replaces it.
-    void Sync() const
-    {
-        if (KVSettingsFile::IsParsable(m_fileName) && Write())
-            return;
-        QFile::remove(m_fileName);
-        Write();
-    }
+    void Sync() { Write(); }
 
     void Add(int index, const Value& value)
     {
@@ -126,31 +119,34 @@ public:
 
     QList<Value> m_list;
     QString m_fileName;
+    KVSettingsFile m_file;
 
 private:
     static QString VersionKey() { return QStringLiteral("Version"); }
 
     // Past the check, Qt may still fail an allocation that a value asks for
-    // and throw std::bad_alloc; the user's file then counts as unreadable.
+    // and throw std::bad_alloc: the list then stays empty, and the file is
+    // left alone rather than taken for one without "Version".
     bool ReadUserFile()
     {
-        if (!KVSettingsFile::IsParsable(m_fileName))
-            return false;
         try {
-            if (!QSettings(m_fileName, QSettings::IniFormat).contains(VersionKey()))
+            const QString path = m_file.ReadPath();
+            if (!QSettings(path, QSettings::IniFormat).contains(VersionKey()))
                 return false;
-            Read(m_fileName);
-            return true;
+            Read(path);
         } catch (const std::bad_alloc&) {
-            return false;
+            m_list.clear();
         }
+        return true;
     }
 
-    bool Write() const
+    void Write()
     {
-        KVSettingsFile::ClearStaleLock(m_fileName);
+        const QString path = m_file.WritePath();
+        if (path.isEmpty())
+            return;
         try {
-            QSettings settings(m_fileName, QSettings::IniFormat);
+            QSettings settings(path, QSettings::IniFormat);
             settings.setValue(VersionKey(), QStringLiteral("2.3.0"));
             settings.beginGroup(QString::fromLatin1(Private::kGroup));
             const int stored = settings.allKeys().size();
@@ -164,9 +160,9 @@ private:
             settings.endGroup();
             // Here rather than in the destructor, which swallows a failure.
             settings.sync();
-            return true;
+            if (settings.status() == QSettings::NoError)
+                m_file.Written();
         } catch (const std::bad_alloc&) {
-            return false;
         }
     }
 

@@ -1,3 +1,5 @@
+#include "LogCapture.h"
+#include "SettingsRows.h"
 #include "TestSupport.h"
 
 #include <KVApplication.h>
@@ -55,19 +57,12 @@ void WriteFile(const QString& path, const QByteArray& data)
         file.write(data);
 }
 
-// A list of variants nested this deep, around an int.
-QByteArray NestedLists(int depth)
-{
-    QByteArray value = "@Variant(";
-    for (int i = 0; i < depth; ++i)
-        value += "\\0\\0\\0\\t\\0\\0\\0\\x1";
-    return value + "\\0\\0\\0\\x2\\0\\0\\0\\x1)";
-}
 } // namespace
 
-// Settings and preset files that Qt's own parsing cannot survive (it throws
-// std::bad_alloc out of QtCore or writes through a null pointer in QtGui),
-// and values of every kind that Qt writes, which must still be read.
+// Settings and preset files holding values that Qt cannot decode safely
+// (see SettingsRows.cpp): such a value costs that value alone, the original
+// file is kept, and every other value reads and writes as with plain
+// QSettings. Values of every kind that Qt writes must still be read.
 class DamagedFilesTest : public QObject
 {
     Q_OBJECT
@@ -76,78 +71,99 @@ private:
     int m_argc = 1;
     char* m_argv[2] = {const_cast<char*>("tst_damagedfiles"), nullptr};
 
+    static void AddRows(bool damaged)
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QByteArray>("repaired");
+        for (const SettingsRow& row : SettingsRows()) {
+            if (row.damaged != damaged)
+                continue;
+            SettingsRow invalid = row;
+            invalid.value = row.repaired;
+            QTest::newRow(row.name) << SettingsRowFile(row) << SettingsRowFile(invalid);
+        }
+    }
+
 private Q_SLOTS:
     void cleanup() { QDir(KVTest::HomePath() + "/Library").removeRecursively(); }
 
-    void damagedUserFileIsNeitherReadNorWritten_data()
-    {
-        QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<QByteArray>("start");
-        const auto row = [](const char* name, const QByteArray& value,
-                            const QByteArray& start = QByteArray()) {
-            QTest::newRow(name) << value << start;
-        };
-        // Qt 4 type numbers in a Qt 4.0 stream: 11 string list, 71 ('G')
-        // polygon, 66 ('B') brush, 77 pen, 72 ('H') region, 8 map.
-        row("string list count", QByteArray("@Variant(\\0\\0\\0\\xb\\x7f\\xff\\xff\\xff)"));
-        row("polygon count", QByteArray("@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)"));
-        row("hex-escaped @", QByteArray("\\x40Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)"));
-        row("octal-escaped @", QByteArray("\\100Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)"));
-        row("quoted, trailing spaces",
-            QByteArray("\"@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\"   "));
-        row("list element", QByteArray("a, @Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)"));
-        row("gradient stops",
-            QByteArray("@Variant(\\0\\0\\0\\x42\\xf\\x1\\xff\\xff\\0\\0\\0\\0\\0\\0\\0\\0\\0\\0\\0"
-                       "\\0\\x7f\\xff\\xff\\xff)"));
-        row("pen dashes",
-            QByteArray("@Variant(\\0\\0\\0M\\x1@\\0\\0\\0\\0\\0\\0\\0\\x1\\x1\\xff\\xff\\0\\0\\0"
-                       "\\0\\0\\0\\0\\0@\\0\\0\\0\\0\\0\\0\\0\\x7f\\xff\\xff\\xff)"));
-        row("region rectangles",
-            QByteArray("@Variant(\\0\\0\\0H\\0\\0\\0\\b\\0\\0\\0\\n\\x7f\\xff\\xff\\xff)"));
-        row("polygon in a map",
-            QByteArray("@Variant(\\0\\0\\0\\b\\0\\0\\0\\x1\\0\\0\\0\\x2\\0\\x61\\0\\0\\0G"
-                       "\\x7f\\xff\\xff\\xff)"));
-        row("polygon in a date", QByteArray("@DateTime(\\0\\0\\0G\\0\\x7f\\xff\\xff\\xff)"));
-        row("polygon of reals by name",
-            QByteArray("@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\nQPolygonF\\0\\x7f\\xff\\xff\\xff)"));
-        // 0xa8 is Qt 4's number of the polygon; after a byte order mark it
-        // reads as Latin-1 in a section parsed after the file was read.
-        row("byte order mark, polygon", QByteArray("@Variant(\\0\\0\\0\xa8\\x7f\\xff\\xff\\xff)"),
-            QByteArray("\xef\xbb\xbf"));
-        row("nested too deep", NestedLists(100));
-        row("date in an unknown zone",
-            QByteArray("@DateTime(\\0\\0\\0\\x10\\0\\0\\0\\0\\0\\0%\\x8ds\\0\\0\\0\\0\\x3"
-                       "\\0\\0\\0\\x4\\0X\\0Y)"));
-        row("colour of an unknown model",
-            QByteArray("@Variant(\\0\\0\\0\\x43\\x11\\xff\\xff\\0\\0\\0\\0\\0\\0\\0\\0)"));
-        row("colour of an unknown model, cut short",
-            QByteArray("@Variant(\\0\\0\\0\\x43\\xf\\x28)"));
-    }
+    void damagedValueCostsItselfAlone_data() { AddRows(true); }
 
-    // The whole file is set aside while it holds the value: every read
-    // answers its default and no write touches the file; once the value is
-    // gone, the file is read again.
-    void damagedUserFileIsNeitherReadNorWritten()
+    void damagedValueCostsItselfAlone()
     {
-        QFETCH(QByteArray, value);
-        QFETCH(QByteArray, start);
-        const QByteArray good = start + "[General]\nVersion=2.4.0\nTexturePatternIndex=4\n"
-                                        "[Save]\nPathOpen=/pictures\n";
-        WriteFile(UserFile(), good + "[Plugin]\nKey=" + value + "\n");
+        QFETCH(QByteArray, file);
+        QFETCH(QByteArray, repaired);
+        WriteFile(UserFile(), file);
+        LogCapture log;
         KVApplication app(m_argc, m_argv);
 
-        QCOMPARE(KVApplication::GetTexturePatternIndex(), 0);
-        QCOMPARE(KVApplication::GetPathOpen(), QString());
-        QCOMPARE(KVApplication::GetBackground(), QColor(Qt::white));
-        KVApplication::SetPathExport("/exports");
-        KVRecentManager::InitInstance();
-        QCOMPARE(KVRecentManager::GetInstance()->GetRecentCount(), 0);
-        KVRecentManager::ReleaseInstance();
-        QCOMPARE(ReadFile(UserFile()), good + "[Plugin]\nKey=" + value + "\n");
-
-        WriteFile(UserFile(), good + "[Plugin]\nKey=restored\n");
         QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
         QCOMPARE(KVApplication::GetPathOpen(), QString("/pictures"));
+        QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
+        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
+        QCOMPARE(ReadFile(UserFile()), repaired);
+        QCOMPARE(ReadFile(UserFile() + ".damaged"), file);
+        const QString logged =
+            "The settings file \"" + UserFile() +
+            "\" held values that Qt cannot "
+            "read safely; they now read as invalid, and the file as it was is kept "
+            "as \"" +
+            UserFile() + ".damaged\".";
+        const QStringList categories = log.Categories();
+        QCOMPARE(categories.count("default"), categories.size());
+        QCOMPARE(log.StampedLines().filter("settings file"),
+                 QStringList{
+                     LogCapture::Expected("src/private/KVSettingsFile_p", "held values", logged)});
+
+        KVApplication::SetPathExport("/exports");
+        KVRecentManager::InitInstance();
+        KVRecentManager::ReleaseInstance();
+        QSettings plain(UserFile(), QSettings::IniFormat);
+        QCOMPARE(plain.value("Save/PathExport").toString(), QString("/exports"));
+        QCOMPARE(plain.value("Save/PathOpen").toString(), QString("/pictures"));
+        QCOMPARE(plain.value("TexturePatternIndex").toInt(), 4);
+    }
+
+    // Each repair keeps the file as it was then, beside the earlier copies.
+    void laterRepairsKeepEveryCopy()
+    {
+        const QByteArray damaged =
+            SettingsRowFile(SettingsRows().at(0))
+                .replace("Key=", "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\nOld=");
+        KVApplication app(m_argc, m_argv);
+        QStringList copies;
+        for (const QByteArray& version : {QByteArray("1"), QByteArray("2"), QByteArray("3")}) {
+            WriteFile(UserFile(), damaged + "Version" + version + "=1\n");
+            QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
+            copies << QString::fromLatin1(ReadFile(UserFile() + ".damaged") +
+                                          ReadFile(UserFile() + ".damaged.2") +
+                                          ReadFile(UserFile() + ".damaged.3"));
+        }
+        QCOMPARE(copies.last(), QString::fromLatin1(damaged + "Version1=1\n" + damaged +
+                                                    "Version2=1\n" + damaged + "Version3=1\n"));
+    }
+
+    void oddValuesReadAsQtReadsThem_data() { AddRows(false); }
+
+    // Qt reads these without harm: the library reads what Qt reads, leaves
+    // the file as it is, and writes keep every key.
+    void oddValuesReadAsQtReadsThem()
+    {
+        QFETCH(QByteArray, file);
+        WriteFile(UserFile(), file);
+        const QVariant plain = QSettings(UserFile(), QSettings::IniFormat).value("Plugin/Key");
+        const QStringList keys = QSettings(UserFile(), QSettings::IniFormat).allKeys();
+        KVApplication app(m_argc, m_argv);
+
+        QCOMPARE(KVApplication::GetUserValue("Plugin/Key"), plain);
+        QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
+        QCOMPARE(ReadFile(UserFile()), file);
+        KVApplication::SetPathOpen("/x");
+        QSettings after(UserFile(), QSettings::IniFormat);
+        QCOMPARE(after.allKeys(), keys);
+        QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
+        QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
+        QVERIFY(!QFile::exists(UserFile() + ".damaged"));
     }
 
     void valuesThatQtWritesAreRead_data()
@@ -248,9 +264,9 @@ private Q_SLOTS:
 
     void valuesThatQtWritesAreFollowedToTheirEnd_data() { valuesThatQtWritesAreRead_data(); }
 
-    // Ahead of a polygon in one list: the check must read each value to its
-    // exact end to accept the list, and to find the polygon out once its
-    // count claims too much.
+    // Ahead of a polygon in one list: the check must follow each value to
+    // its exact end to leave the list alone, and to find the polygon out once
+    // its count claims too much.
     void valuesThatQtWritesAreFollowedToTheirEnd()
     {
         QFETCH(QVariant, value);
@@ -269,34 +285,59 @@ private Q_SLOTS:
         KVApplication app(m_argc, m_argv);
 
         WriteFile(UserFile(), userFile(bytes));
-        QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
+        QCOMPARE(KVApplication::GetUserValue("Plugin/Key"),
+                 QSettings(UserFile(), QSettings::IniFormat).value("Plugin/Key"));
         WriteFile(UserFile(), userFile(bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff")));
-        QCOMPARE(KVApplication::GetTexturePatternIndex(), 0);
+        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
+        QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
     }
 
-    void damagedPresetFileIsReplacedByTheDefaults_data()
+    void presetListKeepsWhatItCanRead_data()
     {
-        QTest::addColumn<QByteArray>("section");
-        QTest::newRow("in the list") << QByteArray("[Resolutions]\n1=");
-        QTest::newRow("in another section") << QByteArray("[Other]\nKey=");
+        const QByteArray odd = "@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)";
+        const QByteArray damaged = "@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)";
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("read");
+        QTest::addColumn<QString>("afterAdd");
+        QTest::newRow("odd value beside the list")
+            << "[General]\nVersion=2.3.0\nOdd=" + odd + "\n[Resolutions]\n0=1234x567\n1=2000x1000\n"
+            << "1234x567 2000x1000"
+            << "800x600 1234x567 2000x1000";
+        QTest::newRow("damaged value in another section")
+            << "[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n1=2000x1000\n[Other]\nKey=" +
+                   damaged + "\n"
+            << "1234x567 2000x1000"
+            << "800x600 1234x567 2000x1000";
+        QTest::newRow("damaged entry")
+            << "[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n1=" + damaged +
+                   "\n2=2000x1000\n"
+            << "1234x567 2000x1000"
+            << "800x600 1234x567 2000x1000";
     }
 
-    void damagedPresetFileIsReplacedByTheDefaults()
+    // A file with "Version" is read as its keys stand, bad entries skipped;
+    // a change writes every entry that was read.
+    void presetListKeepsWhatItCanRead()
     {
-        QFETCH(QByteArray, section);
-        QList<QSize> defaults;
+        QFETCH(QByteArray, file);
+        QFETCH(QString, read);
+        QFETCH(QString, afterAdd);
+        const QString path = KVTest::HomePath() + kPreferences + "exportandshareresolution.ini";
+        WriteFile(path, file);
+        const auto text = [](const QList<QSize>& list) {
+            QStringList sizes;
+            for (const QSize& size : list)
+                sizes << QString("%1x%2").arg(size.width()).arg(size.height());
+            return sizes.join(' ');
+        };
         {
             KVApplication app(m_argc, m_argv);
-            defaults = MZExportResolutions::GetList();
+            QCOMPARE(text(MZExportResolutions::GetList()), read);
+            MZExportResolutions::Add(QSize(800, 600));
         }
-        const QString file = KVTest::HomePath() + kPreferences + "exportandshareresolution.ini";
-        const QByteArray poison = "@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n";
-        WriteFile(file, "[General]\nVersion=2.3.0\n[Resolutions]\n0=640x480\n" + section + poison);
-
         KVApplication app(m_argc, m_argv);
-        QCOMPARE(MZExportResolutions::GetList(), defaults);
-        QVERIFY(!ReadFile(file).contains("Variant"));
-        QCOMPARE(QSettings(file, QSettings::IniFormat).value("Version").toString(),
+        QCOMPARE(text(MZExportResolutions::GetList()), afterAdd);
+        QCOMPARE(QSettings(path, QSettings::IniFormat).value("Version").toString(),
                  QString("2.3.0"));
     }
 
@@ -325,7 +366,7 @@ private Q_SLOTS:
         in >> stop;
 
         QCOMPARE(in.status() == QDataStream::Ok, read);
-        QCOMPARE(stop.GetPosition(), read ? 0.5 : 0.0);
+        QCOMPARE(stop.GetPosition(), 0.5);
         QCOMPARE(stop.GetColor().isValid(), read);
     }
 };

@@ -37,42 +37,58 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QStringList>("events");
         QTest::addColumn<QString>("logged");
+        QTest::addColumn<QByteArray>("iniTail");
 
         const QStringList all = Loaded({"libabrush.dylib", "libzbrush.DYLIB", "LIBIMAGEIO.DYLIB",
                                         "libadjustments.dylib", "libimageio.2.dylib",
                                         "libimageio.DYLIB", "libzother.dylib"});
         QTest::newRow("everything, brushes first")
             << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList() << all + QStringList{"finished"} << "";
+            << "../PlugIns/General" << QStringList() << all + QStringList{"finished"} << ""
+            << QByteArray();
         QTest::newRow("image I/O only: base name by case, suffix in any case")
             << "../PlugIns/Brushes"
             << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << "";
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
+            << QByteArray();
         QTest::newRow("brushes and adjustments")
             << "../PlugIns/Brushes"
             << "../PlugIns/General" << QStringList{"9"}
             << Loaded({"libabrush.dylib", "libzbrush.DYLIB", "libadjustments.dylib"}) +
                    QStringList{"finished"}
-            << "";
+            << "" << QByteArray();
         QTest::newRow("no general folder: nothing at all")
             << "../PlugIns/Brushes"
             << "../PlugIns/Missing" << QStringList() << QStringList()
-            << "The plugins folder does not exist";
+            << "The plugins folder does not exist" << QByteArray();
         QTest::newRow("no brush folder")
             << "../PlugIns/Missing"
             << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << "";
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
+            << QByteArray();
         QTest::newRow("no brush folder, brushes asked for")
             << "../PlugIns/Missing"
             << "../PlugIns/General" << QStringList{"8"} << QStringList{"finished"}
-            << "Brush folder is missing";
-        QTest::newRow("empty general folder")
+            << "Brush folder is missing" << QByteArray();
+        QTest::newRow("empty general folder") << "../PlugIns/Brushes"
+                                              << "../PlugIns/Empty" << QStringList{"4"}
+                                              << QStringList{"finished"} << "" << QByteArray();
+        // plugins.ini is the bundle's: a damaged value there is read around
+        // (the file is left as it is), an odd one read as Qt reads it.
+        QTest::newRow("plugins.ini with an odd value")
             << "../PlugIns/Brushes"
-            << "../PlugIns/Empty" << QStringList{"4"} << QStringList{"finished"} << "";
+            << "../PlugIns/General" << QStringList{"4"}
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
+            << QByteArray("Odd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n");
+        QTest::newRow("plugins.ini with a damaged value")
+            << "../PlugIns/Brushes"
+            << "../PlugIns/General" << QStringList{"4"}
+            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
+            << QByteArray("Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n");
         QTest::newRow("absolute general folder")
             << "../PlugIns/Brushes"
             << "ABSOLUTE" << QStringList{"1"}
-            << Loaded({"libadjustments.dylib"}) + QStringList{"finished"} << "";
+            << Loaded({"libadjustments.dylib"}) + QStringList{"finished"} << "" << QByteArray();
     }
 
     void scan()
@@ -82,6 +98,7 @@ private Q_SLOTS:
         QFETCH(QStringList, arguments);
         QFETCH(QStringList, events);
         QFETCH(QString, logged);
+        QFETCH(QByteArray, iniTail);
 
         BundleFixture bundle;
         QTemporaryDir outside;
@@ -89,7 +106,7 @@ private Q_SLOTS:
             general = outside.path();
             QFile::copy(PluginFile("tc_adjustments"), outside.filePath("libadjustments.dylib"));
         }
-        bundle.WriteFile("Resources/plugins.ini", PluginsIni(brush, general));
+        bundle.WriteFile("Resources/plugins.ini", PluginsIni(brush, general) + iniTail);
         bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libzbrush.DYLIB");
         bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libabrush.dylib");
         bundle.WriteFile("PlugIns/Brushes/readme.txt", "not a plug-in");
@@ -107,6 +124,9 @@ private Q_SLOTS:
         QStringList expected = events;
         expected.replaceInStrings("loaded:libzother.dylib", "error:libzother.dylib");
         QCOMPARE(run.Values("event"), expected);
+        QFile ini(bundle.ResourcesPath() + "/plugins.ini");
+        QVERIFY(ini.open(QIODevice::ReadOnly));
+        QCOMPARE(ini.readAll(), PluginsIni(brush, general) + iniTail);
         if (!logged.isEmpty()) {
             QStringList log;
             for (const QString& line : run.log)

@@ -34,6 +34,7 @@ void LogCapture::Handler(QtMsgType type, const QMessageLogContext& context, cons
     }
     QMutexLocker locker(&capture->m_lock);
     capture->m_lines.append(text);
+    capture->m_categories.append(QString::fromLatin1(context.category));
 }
 
 QStringList LogCapture::Lines() const
@@ -50,10 +51,17 @@ QStringList LogCapture::StampedLines() const
     return lines;
 }
 
+QStringList LogCapture::Categories() const
+{
+    QMutexLocker locker(&m_lock);
+    return m_categories;
+}
+
 void LogCapture::Clear()
 {
     QMutexLocker locker(&m_lock);
     m_lines.clear();
+    m_categories.clear();
 }
 
 QString LogCapture::WithoutBuildStamp(const QString& line)

@@ -14,6 +14,8 @@ public:
     LogCapture& operator=(const LogCapture&) = delete;
 
     QStringList Lines() const;
+    // The message category of each captured line, in order.
+    QStringList Categories() const;
     // The captured lines with their build date and time replaced by DATE and TIME.
     QStringList StampedLines() const;
     void Clear();
@@ -33,5 +35,6 @@ private:
 
     mutable QMutex m_lock;
     QStringList m_lines;
+    QStringList m_categories;
     QtMessageHandler m_previous = nullptr;
 };

@@ -1,0 +1,94 @@
+#include "IniText.h"
+#include "SettingsRows.h"
+#include "TestSupport.h"
+
+#include <KVApplication.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QProcess>
+
+namespace {
+// Longer than any harmless read takes, even beside the sanitizer lanes; a
+// read that takes longer counts as one that hangs.
+const int kChildTimeout = 3000;
+
+QByteArray ReadFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The key as plain QSettings reads it, in a child process; empty when the
+// child crashed, aborted, ran out of its memory or time doing so.
+QByteArray PlainText(const QString& file, const QString& key)
+{
+    QProcess child;
+    child.start(QStringLiteral(KV_PLAIN_SETTINGS), {file, QString::fromLatin1(key.toUtf8().toHex())});
+    if (!child.waitForFinished(kChildTimeout)) {
+        child.kill();
+        child.waitForFinished();
+        return QByteArray();
+    }
+    if (child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+        return QByteArray();
+    return child.readAllStandardOutput();
+}
+} // namespace
+
+// Every key that plain QSettings reads without harm reads the same through
+// the library, for every settings and preset file of the fuzz corpora and
+// for the damaged-file rows.
+class SettingsDifferentialTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sameAsPlainQt_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        for (const char* corpus : {"settings_file", "preset_files", "settings_repair"}) {
+            QDirIterator files(KVTest::SourcePath(QStringLiteral("fuzz/corpus/") + corpus),
+                               QDir::Files);
+            while (files.hasNext()) {
+                const QString path = files.next();
+                QTest::addRow("%s/%s", corpus, qPrintable(QFileInfo(path).fileName()))
+                    << ReadFile(path);
+            }
+        }
+        for (const SettingsRow& row : SettingsRows())
+            QTest::addRow("row: %s", row.name) << SettingsRowFile(row);
+    }
+
+    void sameAsPlainQt()
+    {
+        QFETCH(QByteArray, file);
+        QTemporaryDir folder;
+        const QString original = folder.filePath("original.ini");
+        const QString library = folder.filePath("library/app.ini");
+        QDir().mkpath(folder.filePath("library"));
+        for (const QString& path : {original, library}) {
+            QFile out(path);
+            QVERIFY(out.open(QIODevice::WriteOnly));
+            out.write(file);
+        }
+
+        KVApplication::SetDataFolder(folder.filePath("library"));
+        KVApplication::GetApplicationValue("Any");
+        // Whatever the library made of the file, QSettings parses it safely.
+        const QStringList keys = QSettings(library, QSettings::IniFormat).allKeys();
+        int compared = 0;
+        for (const QString& key : keys) {
+            const QByteArray plain = PlainText(original, key);
+            if (plain.isEmpty())
+                continue;
+            QCOMPARE(IniText(KVApplication::GetApplicationValue(key)), plain);
+            ++compared;
+        }
+        qInfo("%d of %d keys read by plain QSettings, all alike", compared, int(keys.size()));
+        KVApplication::SetDataFolder(KVTest::HomePath());
+    }
+};
+
+KV_TEST_APP_MAIN(SettingsDifferentialTest)
+#include "tst_settingsdifferential.moc"
