@@ -2,11 +2,10 @@
 
 #include "KVImageFileManager.h"
 
-#include "KVCountingSemaphore.h"
-
 #include <QList>
 #include <QMap>
 #include <QMutex>
+#include <QSemaphore>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -16,7 +15,9 @@ class KVImageFileManager::Private
 public:
     // A pool of ready-made readers for one format. The semaphore counts free
     // readers and is always taken before the mutex, which guards only the
-    // free-reader stack.
+    // free-reader stack. QSemaphore takes several permits all at once or
+    // none: a relocation waiting for the whole pool holds nothing that a
+    // borrower could use meanwhile.
     struct ReadersRef
     {
         explicit ReadersRef(int n);
@@ -27,7 +28,7 @@ public:
         void Relocate(QObject* reader);
 
         QVector<QObject*> m_freeReaders;
-        KVCountingSemaphore m_available;
+        QSemaphore m_available;
         QMutex m_lock;
         int m_size;
     };

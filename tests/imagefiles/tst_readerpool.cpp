@@ -9,8 +9,10 @@
 #include <QThread>
 
 #include <atomic>
+#include <chrono>
 #include <map>
 #include <memory>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -278,6 +280,97 @@ private Q_SLOTS:
         const QList<KVImageFileReader*> after = AcquireAll("png");
         QCOMPARE(ToSet(after), ToSet(readers));
         ReleaseAll(after);
+    }
+
+    // A relocation waits for the whole pool, holding none of it meanwhile:
+    // a borrower still gets the one free reader, gives everything back, and
+    // both finish.
+    void relocationLeavesFreeReadersToBorrowers()
+    {
+        KV_IN_CHILD_PROCESS(20000);
+        AddPlugin({"png"});
+        Manager::InitReadersPool();
+        const QList<KVImageFileReader*> all = AcquireAll("png");
+        KVImageFileReader* free = all.first();
+        ReleaseAll(all); // the first released is the last lent
+
+        std::atomic<bool> holdsTheRest{false};
+        KVImageFileReader* last = nullptr;
+        std::thread borrower([&] {
+            QList<KVImageFileReader*> held;
+            for (int i = 1; i < PoolSize(); ++i)
+                held.append(Manager::AcquireReader("png"));
+            holdsTheRest = true;
+            QThread::msleep(100); // the relocation below is waiting by now
+            last = Manager::AcquireReader("png");
+            ReleaseAll(held + QList<KVImageFileReader*>{last});
+        });
+        while (!holdsTheRest)
+            QThread::yieldCurrentThread();
+        Manager::ReleaseReader(free);
+        borrower.join();
+        QCOMPARE(last, free);
+    }
+
+    // Eight threads borrow one reader, or one of each of two pools (always
+    // in the same order), while this thread unregisters a plug-in and
+    // releases pool readers, which their plug-in deletes. No reader is lent
+    // twice or after its release, and every thread finishes.
+    void borrowersAndRelocationsTogether()
+    {
+        KV_IN_CHILD_PROCESS(120000);
+        AddPlugin({"png"});
+        TestImagePlugin* jpeg = AddPlugin({"jpg"});
+        Manager::InitReadersPool();
+        std::map<KVImageFileReader*, std::atomic<int>> holders;
+        const QList<KVImageFileReader*> png = AcquireAll("png");
+        const QList<KVImageFileReader*> jpg = AcquireAll("jpg");
+        for (KVImageFileReader* reader : png + jpg)
+            holders[reader] = 0;
+        ReleaseAll(png + jpg);
+        std::atomic<int> errors{0};
+        const auto borrow = [&](const char* format) {
+            KVImageFileReader* reader = Manager::AcquireReader(format);
+            const auto holder = holders.find(reader);
+            if (holder == holders.end() || holder->second.fetch_add(1) != 0)
+                ++errors;
+            return reader;
+        };
+        const auto giveBack = [&](KVImageFileReader* reader) {
+            const auto holder = holders.find(reader);
+            if (holder != holders.end())
+                holder->second.fetch_sub(1);
+            Manager::ReleaseAcquiredReader(reader);
+        };
+
+        std::vector<std::thread> borrowers;
+        for (int t = 0; t < 8; ++t) {
+            borrowers.emplace_back([&, t] {
+                std::mt19937 random{unsigned(t)};
+                for (int i = 0; i < 20000; ++i) {
+                    const unsigned kind = random() % 3;
+                    KVImageFileReader* first = borrow(kind == 1 ? "jpg" : "png");
+                    KVImageFileReader* second = kind == 2 ? borrow("jpg") : nullptr;
+                    if (random() % 8 == 0)
+                        std::this_thread::sleep_for(std::chrono::microseconds(random() % 50));
+                    if (second)
+                        giveBack(second);
+                    giveBack(first);
+                }
+            });
+        }
+        QThread::msleep(20);
+        Manager::Unregister(jpeg);
+        for (int i = 1; i < png.size(); ++i) {
+            Manager::ReleaseReader(png.at(i));
+            holders.at(png.at(i)) = 1; // lent to nobody from now on
+        }
+        for (std::thread& borrower : borrowers)
+            borrower.join();
+
+        QCOMPARE(errors.load(), 0);
+        QCOMPARE(Manager::AcquireReader("png"), png.first());
+        Manager::ReleaseAcquiredReader(png.first());
     }
 
     // Real files decoded by pooled Qt readers on several threads.

@@ -1,6 +1,8 @@
 #include "TestSupport.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -49,6 +51,36 @@ QString SourcePath(const QString& relative)
 QString HomePath()
 {
     return s_home ? s_home->path() : QDir::homePath();
+}
+
+bool IsChildProcess()
+{
+    return qEnvironmentVariableIsSet("KV_TEST_CHILD");
+}
+
+QString RunInChildProcess(int timeoutMs)
+{
+    QString function = QString::fromLatin1(QTest::currentTestFunction());
+    if (const char* tag = QTest::currentDataTag())
+        function += QLatin1Char(':') + QString::fromLatin1(tag);
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("KV_TEST_CHILD"), QStringLiteral("1"));
+    child.setProcessEnvironment(environment);
+    child.setProcessChannelMode(QProcess::MergedChannels);
+    child.start(QCoreApplication::applicationFilePath(), {function});
+    if (!child.waitForFinished(timeoutMs)) {
+        child.kill();
+        child.waitForFinished();
+        return QStringLiteral("%1 did not finish within %2 ms:\n%3")
+            .arg(function)
+            .arg(timeoutMs)
+            .arg(QString::fromLocal8Bit(child.readAll()));
+    }
+    if (child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0)
+        return QString();
+    return QStringLiteral("%1 failed in its child process:\n%2")
+        .arg(function, QString::fromLocal8Bit(child.readAll()));
 }
 
 } // namespace KVTest

@@ -17,7 +17,25 @@ QString SourcePath(const QString& relative);
 // The folder that the test process uses as HOME.
 QString HomePath();
 
+// Whether this process runs one test function for a parent test process.
+bool IsChildProcess();
+
+// Runs the current test function (and data row) again in a child process of
+// this test program; an empty string when it passed, otherwise what went
+// wrong: a failure, a crash, or no end within timeoutMs.
+QString RunInChildProcess(int timeoutMs);
+
 } // namespace KVTest
+
+// Ends the current test function in the parent after running it in a child
+// process, where it may hang or crash without taking the suite along; in
+// the child the function goes on.
+#define KV_IN_CHILD_PROCESS(timeoutMs)                                                             \
+    if (!KVTest::IsChildProcess()) {                                                               \
+        const QString failure = KVTest::RunInChildProcess(timeoutMs);                              \
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));                                          \
+        return;                                                                                    \
+    }
 
 // main() for a suite that makes its own application objects (or none).
 #define KV_TEST_MAIN(TestObject)                                                                   \
