@@ -95,19 +95,22 @@ void KVGradientStop::Write(QDataStream& stream) const
     stream << m_position << m_color << m_background << m_foreground << m_userColor;
 }
 
+// What the stream held is kept; only what it lacked reads as 0.0 or an
+// invalid colour (the flags as false), and the status tells the caller.
 void KVGradientStop::Read(QDataStream& stream)
 {
     double position = 0.0;
-    QColor color;
-    stream >> position >> color;
-    if (stream.status() == QDataStream::Ok && !HasKnownColourModel(color, stream.version()))
-        stream.setStatus(QDataStream::ReadCorruptData);
-    stream >> m_background >> m_foreground >> m_userColor;
-    // A short or corrupt read can leave a colour that looks valid.
-    if (stream.status() != QDataStream::Ok) {
+    stream >> position;
+    if (stream.status() != QDataStream::Ok)
         position = 0.0;
+    QColor color;
+    stream >> color;
+    // A colour cut short can look valid.
+    if (stream.status() != QDataStream::Ok || !HasKnownColourModel(color, stream.version())) {
+        stream.setStatus(QDataStream::ReadCorruptData);
         color = QColor();
     }
+    stream >> m_background >> m_foreground >> m_userColor;
     m_position = position;
     m_color = color;
 }

@@ -16,12 +16,11 @@ namespace {
 const int kDefaultFavoritesLimit = 5;
 const int kDefaultRecentsLimit = 10;
 
-// Read wider than int so that a huge stored number is clamped to the maximum
-// instead of wrapping around; text that is no number reads as 0.
+// Converted to int as QVariant converts: text that is no number, and a number
+// beyond int's range, read as 0.
 int ReadLimit(const QString& key, int fallback, int maximum)
 {
-    const qlonglong stored = KVApplication::GetUserValue(key, fallback).toLongLong();
-    return int(qBound(qlonglong(0), stored, qlonglong(maximum)));
+    return qBound(0, KVApplication::GetUserValue(key, fallback).toInt(), maximum);
 }
 
 // The value comes from a file that the user can edit: the stored count is

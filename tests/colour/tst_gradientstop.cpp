@@ -108,21 +108,25 @@ private Q_SLOTS:
         }
     }
 
-    // However much was read, a cut stream leaves position 0.0 and an invalid colour.
+    // A cut stream keeps what was read; only what was cut reads as 0.0, an
+    // invalid colour or false.
     void shortStream()
     {
         const QByteArray bytes =
             Serialized(KVGradientStop(0.5, Qt::red, true, true, true), QDataStream::Qt_5_15);
+        const int colourEnd = 8 + 11;
         for (int length = 0; length < bytes.size(); ++length) {
             QDataStream stream(bytes.left(length));
             KVGradientStop read(0.9, Qt::blue, false, false, false);
             stream >> read;
             QCOMPARE(stream.status(), QDataStream::ReadPastEnd);
-            QCOMPARE(read.GetPosition(), 0.0);
+            QCOMPARE(read.GetPosition(), length >= 8 ? 0.5 : 0.0);
+            QCOMPARE(read.IsBackground(), length > colourEnd);
+            QCOMPARE(read.IsForeground(), length > colourEnd + 1);
             QVERIFY(!read.IsUserColor());
             read.SetBackground(false);
             read.SetForeground(false);
-            QVERIFY(!read.GetColor().isValid());
+            QCOMPARE(read.GetColor(), length >= colourEnd ? QColor(Qt::red) : QColor());
         }
     }
 };
