@@ -12,6 +12,7 @@ packages=(
   libclang-rt-14-dev
   icc-profiles-free
   xvfb xauth
+  doxygen
 )
 
 missing=()

@@ -5,44 +5,52 @@
 
 #include "kvcore_export.h"
 
-// The user's export file-size presets, kept in ascending order by Add(size),
-// saved to exportandsharesize.ini after every change and seeded from the
-// application's ":/ExportAndShareSize.ini" on first use. The application
-// object starts and releases the one instance; every operation is static and
-// harmless while there is none.
-//
-// The values are file sizes in bytes; the shipped defaults run from 100 KB to
-// 10 MB, counting 1 KB as 1024 bytes.
+/// The user's export file-size presets, kept in ascending order by Add(size),
+/// saved to exportandsharesize.ini after every change and seeded from the
+/// application's ":/ExportAndShareSize.ini" on first use. The application
+/// object starts and releases the one instance; every operation is static and
+/// harmless while there is none.
+///
+/// The values are file sizes in bytes; the shipped defaults run from 100 KB to
+/// 10 MB, counting 1 KB as 1024 bytes.
+///
+/// Each signal comes after the list changed and before the file is written,
+/// with the index concerned as it is at that moment. Main thread only.
 class KVCORE_EXPORT MZExportSizes : public QObject
 {
     Q_OBJECT
 public:
+    /// An empty list. The application object makes the one instance; a host
+    /// makes none.
     MZExportSizes();
+    /// Deletes the list; the file stays as the last change wrote it.
     ~MZExportSizes() override;
 
-    // The instance, for connecting to its signals; null while there is none.
+    /// The instance, for connecting to its signals; null while there is none.
     static MZExportSizes* GetInstance();
-    // A copy of the presets in the order shown to the user.
+    /// A copy of the presets in the order shown to the user.
     static QList<long long> GetList();
-    // The number of presets; -1 without the instance.
+    /// The number of presets; -1 without the instance.
     static int GetSize();
-    // Inserts at index, clamped to the list, whether or not that keeps the order.
+    /// Inserts at index, clamped to the list, whether or not that keeps the order.
     static void Add(int index, long long size);
-    // Inserts after every preset of the same or a smaller value; the index used.
+    /// Inserts after every preset of the same or a smaller value; the index used.
     static int Add(long long size);
-    // Deletes one preset; an index outside the list is ignored.
+    /// Deletes one preset; an index outside the list is ignored.
     static void Remove(int index);
-    // Replaces one preset in place, without moving it to keep the order; an
-    // index outside the list or an equal value is ignored.
+    /// Replaces one preset in place, without moving it to keep the order; an
+    /// index outside the list or an equal value is ignored.
     static void Set(int index, long long size);
-    // Throws std::out_of_range for an index outside the list; -1 without the instance.
+    /// The preset at index. Throws std::out_of_range for an index outside the
+    /// list; -1 without the instance.
     static long long Get(int index);
 
-    // Each signal comes after the list changed and before the file is written,
-    // with the index concerned as it is at that moment.
 Q_SIGNALS:
+    /// A preset was inserted at index.
     void Inserted(int index);
+    /// The preset at index was replaced.
     void Changhed(int index);
+    /// The preset that was at index was deleted.
     void Removed(int index);
 
 private:

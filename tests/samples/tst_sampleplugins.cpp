@@ -363,6 +363,58 @@ private Q_SLOTS:
         QCOMPARE(KVApplication::GetUserValue("BasicTools/BrushSize").toInt(), 33);
     }
 
+    // The starter plug-in beside the samples, whose libadjustments it shares
+    // the family of: its container registers the adjustment with the level
+    // from user.ini, saves the level on FlushData() and takes the adjustment
+    // back when its file alone is unloaded.
+    void starterThresholds_data()
+    {
+        QTest::addColumn<QVariant>("stored"); // invalid: no level in user.ini
+        QTest::addColumn<int>("level");
+        QTest::addColumn<int>("grey");
+        QTest::addColumn<int>("result");
+
+        QTest::newRow("default, below") << QVariant() << 128 << 127 << 0;
+        QTest::newRow("default, at the level") << QVariant() << 128 << 128 << 255;
+        QTest::newRow("stored") << QVariant(100) << 100 << 110 << 255;
+        QTest::newRow("stored too high") << QVariant(999) << 255 << 254 << 0;
+        QTest::newRow("stored too low") << QVariant(-5) << 1 << 0 << 0;
+        QTest::newRow("stored as text") << QVariant("64") << 64 << 64 << 255;
+    }
+
+    void starterThresholds()
+    {
+        QFETCH(QVariant, stored);
+        QFETCH(int, level);
+        QFETCH(int, grey);
+        QFETCH(int, result);
+
+        const QString key = "Starter/ThresholdLevel";
+        QTemporaryDir userFolder;
+        KVApplication::SetUserDataFolder(userFolder.path());
+        if (stored.isValid())
+            KVApplication::SetUserValue(key, stored);
+
+        m_app->LoadPlugin(KV_STARTER);
+        QCOMPARE(m_app->GetErrorInfo(KV_STARTER), QString("Plugin OK."));
+        KVAdjustment* threshold = AdjustmentNamed("Threshold");
+        QVERIFY(threshold);
+        QImage image(4, 2, QImage::Format_ARGB32);
+        image.fill(qRgba(grey, grey, grey, 90));
+        QCOMPARE(QString::number(threshold->Apply(image).pixel(3, 1), 16),
+                 QString::number(qRgba(result, result, result, 90), 16));
+
+        KVApplication::FlushData();
+        QCOMPARE(KVApplication::GetUserValue(key).toInt(), level);
+
+        m_app->UnloadPlugin(KV_STARTER);
+        QVERIFY(!AdjustmentNamed("Threshold"));
+        QCOMPARE(KVAdjustmentManager::GetRegistered().size(), 6);
+        KVApplication::SetUserValue(key, -1);
+        KVApplication::FlushData(); // reaches the unloaded container no more
+        QCOMPARE(KVApplication::GetUserValue(key).toInt(), -1);
+    }
+
     void unloadingEmptiesTheRegistries()
     {
         m_app->UIReady();

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Builds the API reference (Doxygen) into build-docs/docs/html. Fails when a
+# public name has no comment, or on any other Doxygen warning.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+
+build_dir=build-docs
+cmake -S . -B "$build_dir" -G Ninja >/dev/null
+if ! cmake --build "$build_dir" --target help | grep -q '^docs:'; then
+    echo "docs: no docs target; is doxygen installed?" >&2
+    exit 1
+fi
+cmake --build "$build_dir" --target docs
