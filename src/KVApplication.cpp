@@ -2,13 +2,9 @@
 
 #include "private/KVApplication_p.h"
 #include "private/KVLog.h"
-#include "private/KVSettingsFile_p.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSettings>
-
-#include <functional>
 
 namespace {
 const char* const kRoleKeys[] = {
@@ -45,83 +41,6 @@ static_assert(kRoleCount == KVApplication::ApplicationTemporaryPath + 1,
               "every UseDataRole needs its key");
 
 const QString kIncompleteInfoStateKey = QStringLiteral("DocumentIO/IncompleteInfoState");
-
-// Plug-in file names: versioned for the expected paths, bare for the scan.
-const QString _BasicTools = QStringLiteral("libbasictools.2");
-const QString _BasicToolsBase = QStringLiteral("libbasictools");
-const QString _GeneralTools = QStringLiteral("libgeneraltools.2");
-const QString _GeneralToolsBase = QStringLiteral("libgeneraltools");
-const QString _Adjustments = QStringLiteral("libadjustments.2");
-const QString _AdjustmentsBase = QStringLiteral("libadjustments");
-const QString _Filters = QStringLiteral("libfilter.2");
-const QString _FiltersBase = QStringLiteral("libfilter");
-const QString _ImageIO = QStringLiteral("libimageio.2");
-const QString _ImageIOBase = QStringLiteral("libimageio");
-const QString _Brushes = QStringLiteral("libbrushcontainer.2");
-const QString _BrushesBase = QStringLiteral("libbrushcontainer"); // the brush folder is taken whole
-const QString _PlugInSuffix = QStringLiteral("dylib");
-
-struct PluginFolders
-{
-    QString brush;
-    QString general;
-};
-
-PluginFolders ReadPluginFolders()
-{
-    // The bundle's own file: read, never repaired in place.
-    KVSettingsFile file(KVApplication::GetResourcePath() + QStringLiteral("/plugins.ini"),
-                        KVSettingsFile::ReadOnly);
-    const QSettings ini(file.ReadPath(), QSettings::IniFormat);
-    return {ini.value(QStringLiteral("brush"), QString()).toString(),
-            ini.value(QStringLiteral("general"), QString()).toString()};
-}
-
-// The plug-in files of a folder, sorted by name, that accept() takes.
-QStringList PluginFiles(const QDir& folder, const std::function<bool(const QFileInfo&)>& accept)
-{
-    QStringList files;
-    const QFileInfoList entries =
-        folder.entryInfoList(QDir::Files | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QFileInfo& entry : entries) {
-        if (entry.suffix().compare(_PlugInSuffix, Qt::CaseInsensitive) == 0 && accept(entry))
-            files.append(entry.absoluteFilePath());
-    }
-    return files;
-}
-
-bool IsSelected(const QString& baseName, KVApplication::PluginsLoadTypes types)
-{
-    return (types.testFlag(KVApplication::ToolsPlugins) &&
-            (baseName == _BasicToolsBase || baseName == _GeneralToolsBase)) ||
-           (types.testFlag(KVApplication::AdjustmentsPlugins) && baseName == _AdjustmentsBase) ||
-           (types.testFlag(KVApplication::FiltersPlugins) && baseName == _FiltersBase) ||
-           (types.testFlag(KVApplication::ImageIOPlugins) && baseName == _ImageIOBase);
-}
-
-// Gathers the files to load: the brush folder whole when asked for, then the
-// general folder's selected (or all) files. False when the general folder is
-// missing: nothing is loaded then, the brush files neither.
-bool ScanPluginFolders(KVApplication::PluginsLoadTypes types, bool allGeneral, QStringList* files)
-{
-    const PluginFolders folders = ReadPluginFolders();
-    if (types.testFlag(KVApplication::BrushesPlugins)) {
-        QDir brush(QCoreApplication::applicationDirPath());
-        if (brush.cd(folders.brush))
-            *files += PluginFiles(brush, [](const QFileInfo&) { return true; });
-        else
-            KV_LOG(QStringLiteral("Brush folder is missing"));
-    }
-    QDir general(QCoreApplication::applicationDirPath());
-    if (!general.cd(folders.general)) {
-        KV_LOG(QStringLiteral("The plugins folder does not exist"));
-        return false;
-    }
-    *files += PluginFiles(general, [&](const QFileInfo& entry) {
-        return allGeneral || IsSelected(entry.baseName(), types);
-    });
-    return true;
-}
 
 template <typename Policy> Policy ReadPolicy(KVApplication::UseDataRole role, Policy defaultPolicy)
 {
@@ -237,54 +156,39 @@ void KVApplication::FlushData()
 
 void KVApplication::LoadPlugins()
 {
-    QStringList files;
-    if (!ScanPluginFolders(BrushesPlugins, true, &files))
-        return;
-    d->LoadPlugins(files);
-    Q_EMIT PluginsLoadingFinished();
+    if (d->m_plugins.LoadScanned(BrushesPlugins, true))
+        Q_EMIT PluginsLoadingFinished();
 }
 
 void KVApplication::LoadPlugins(QFlags<PluginsLoadType> types)
 {
-    QStringList files;
-    if (!ScanPluginFolders(types, false, &files))
-        return;
-    d->LoadPlugins(files);
-    Q_EMIT PluginsLoadingFinished();
+    if (d->m_plugins.LoadScanned(types, false))
+        Q_EMIT PluginsLoadingFinished();
 }
 
 void KVApplication::LoadPlugins(const QStringList& files)
 {
-    d->LoadPlugins(files);
+    d->m_plugins.Load(files);
 }
 
 void KVApplication::LoadPlugin(const QString& file)
 {
-    d->LoadPlugins(QStringList{file});
+    d->m_plugins.Load(QStringList{file});
+}
+
+std::vector<KVApplication::PluginScanEntry> KVApplication::ExplainPluginScan()
+{
+    return KVPluginLoader::Scan(BrushesPlugins, true);
+}
+
+std::vector<KVApplication::PluginScanEntry> KVApplication::ExplainPluginScan(PluginsLoadTypes types)
+{
+    return KVPluginLoader::Scan(types, false);
 }
 
 QStringList KVApplication::PluginFileName(PluginsLoadType type)
 {
-    const PluginFolders folders = ReadPluginFolders();
-    const auto path = [](const QString& folder, const QString& name) {
-        return QFileInfo(QCoreApplication::applicationDirPath() +
-                         QStringLiteral("/%1").arg(folder) +
-                         QStringLiteral("/%1.%2").arg(name, _PlugInSuffix))
-            .canonicalFilePath();
-    };
-    switch (type) {
-    case AdjustmentsPlugins:
-        return {path(folders.general, _Adjustments)};
-    case FiltersPlugins:
-        return {path(folders.general, _Filters)};
-    case ImageIOPlugins:
-        return {path(folders.general, _ImageIO)};
-    case BrushesPlugins:
-        return {path(folders.brush, _Brushes)};
-    case ToolsPlugins:
-        return {path(folders.general, _BasicTools), path(folders.general, _GeneralTools)};
-    }
-    return {};
+    return KVPluginLoader::ExpectedFiles(type);
 }
 
 IBrushFactory* KVApplication::GetBrushFactory()
@@ -294,41 +198,32 @@ IBrushFactory* KVApplication::GetBrushFactory()
 
 void KVApplication::UnloadPlugins()
 {
-    d->UnloadPlugins();
+    d->m_plugins.UnloadAll();
 }
 
 void KVApplication::UnloadPlugins(const QStringList& files)
 {
-    d->UnloadPlugins(files);
+    d->m_plugins.Unload(files);
 }
 
 void KVApplication::UnloadPlugin(const QString& file)
 {
-    d->UnloadPlugins(QStringList{file});
+    d->m_plugins.Unload(QStringList{file});
 }
 
 std::vector<QString> KVApplication::GetErrorPlugins()
 {
-    std::vector<QString> files;
-    for (const Private::PluginStatus& record : d->m_pluginStatus) {
-        if (record.status != Private::PluginStatus::Loaded)
-            files.push_back(record.fileName);
-    }
-    return files;
+    return d->m_plugins.ErrorFiles();
 }
 
 QString KVApplication::GetErrorInfo(const QString& file)
 {
-    for (const Private::PluginStatus& record : d->m_pluginStatus) {
-        if (record.fileName == file)
-            return record.errorInfo;
-    }
-    return QStringLiteral("Errors not found");
+    return d->m_plugins.ErrorInfo(file);
 }
 
 void KVApplication::UIReady()
 {
-    d->UIReady();
+    d->m_plugins.UIReady();
 }
 
 QStringList KVApplication::GetLanguages()

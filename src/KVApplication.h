@@ -126,6 +126,21 @@ public:
     /// A combination of plug-in families, for LoadPlugins().
     Q_DECLARE_FLAGS(PluginsLoadTypes, PluginsLoadType)
 
+    /// A plug-in folder, or a file in one, as a scan of LoadPlugins() sees it.
+    struct PluginScanEntry
+    {
+        /// The absolute path; a missing folder as plugins.ini names it.
+        QString path;
+        /// Whether this is a folder (each scanned folder comes before its files).
+        bool isFolder = false;
+        /// A file: the scan loads it. A folder: it exists.
+        bool taken = false;
+        /// Why a file is not taken, or that a folder is missing; empty otherwise.
+        QString reason;
+        /// The plugins.ini key of the folder: "brush" or "general".
+        QString folderKey;
+    };
+
     /// The visual themes; 0 before any theme was loaded.
     enum ThemeType
     {
@@ -355,6 +370,11 @@ public:
     /// Loads one file, as LoadPlugins(const QStringList&) does; a file loaded
     /// before gets a second record.
     void LoadPlugin(const QString& file);
+    /// How LoadPlugins() would treat each file of the plug-in folders, and
+    /// why it leaves a file out; nothing is loaded. The brush folder first.
+    static std::vector<PluginScanEntry> ExplainPluginScan();
+    /// The same for LoadPlugins(types).
+    static std::vector<PluginScanEntry> ExplainPluginScan(PluginsLoadTypes types);
     /// The canonical paths where a family's versioned files are expected
     /// (libimageio.2.dylib); an empty string for a file that does not exist,
     /// an empty list for a combination of families.

@@ -61,6 +61,13 @@ QString HostSession::ProfileFolder() const
     return KVApplication::GetResourcePath() + QStringLiteral("/Profiles");
 }
 
+KVApplication::PluginsLoadTypes HostSession::PluginTypes()
+{
+    return KVApplication::AdjustmentsPlugins | KVApplication::FiltersPlugins |
+           KVApplication::ImageIOPlugins | KVApplication::BrushesPlugins |
+           KVApplication::ToolsPlugins;
+}
+
 void HostSession::LoadPlugins()
 {
     QElapsedTimer timer;
@@ -77,9 +84,7 @@ void HostSession::LoadPlugins()
                 [&](const QString& file) { finish(file, QString()); }),
         connect(&m_app, &KVApplication::PluginLoadingError, this, finish),
     };
-    m_app.LoadPlugins(KVApplication::AdjustmentsPlugins | KVApplication::FiltersPlugins |
-                      KVApplication::ImageIOPlugins | KVApplication::BrushesPlugins |
-                      KVApplication::ToolsPlugins);
+    m_app.LoadPlugins(PluginTypes());
     for (const QMetaObject::Connection& connection : connections)
         disconnect(connection);
     KVImageFileManager::InitReadersPool();

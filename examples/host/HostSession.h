@@ -1,9 +1,9 @@
 #pragma once
 
+#include <KVApplication.h>
+
 #include <QObject>
 #include <QStringList>
-
-class KVApplication;
 
 // The editor's start and stop around its window (or its report): what the
 // library expects a host to do, in the order it expects it.
@@ -22,6 +22,9 @@ public:
     // Loads every plug-in family of the bundle's plugins.ini, reporting each
     // file through the signals below; then makes the reader pool.
     void LoadPlugins();
+
+    // The plug-in families the host loads: all of them.
+    static KVApplication::PluginsLoadTypes PluginTypes();
 
     // The folders the bundle keeps its patterns and colour profiles in.
     QString PatternFolder() const;

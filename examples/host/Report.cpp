@@ -6,59 +6,29 @@
 #include <KVApplication.h>
 #include <KVImageFileManager.h>
 
-#include <QDir>
-#include <QSettings>
 #include <QTextStream>
 #include <QThread>
 
 namespace {
-const QStringList kFamilies = {"libadjustments", "libfilter", "libimageio", "libbasictools",
-                               "libgeneraltools"};
-
 QTextStream& Out()
 {
     static QTextStream out(stdout);
     return out;
 }
 
-// Why the scan leaves a file of a plug-in folder out, or an empty string
-// when it takes it. The brush folder is taken whole.
-QString WhyNotTaken(const QFileInfo& file, bool brushFolder)
+// The library's own scan, explained file by file.
+void ExplainScan(KVApplication::PluginsLoadTypes types)
 {
-    if (file.suffix().compare("dylib", Qt::CaseInsensitive) != 0)
-        return QString("the suffix \"%1\" is not \"dylib\"").arg(file.suffix());
-    if (brushFolder || kFamilies.contains(file.baseName()))
-        return QString();
-    for (const QString& family : kFamilies) {
-        if (family.compare(file.baseName(), Qt::CaseInsensitive) == 0)
-            return QString("the base name \"%1\" differs from \"%2\" in case")
-                .arg(file.baseName(), family);
+    for (const KVApplication::PluginScanEntry& entry : KVApplication::ExplainPluginScan(types)) {
+        if (entry.isFolder && entry.taken)
+            Out() << "scan " << entry.folderKey << " folder " << entry.path << Qt::endl;
+        else if (entry.isFolder)
+            Out() << "scan " << entry.folderKey << " folder \"" << entry.path
+                  << "\": " << entry.reason << Qt::endl;
+        else
+            Out() << "scan " << entry.path << ": "
+                  << (entry.taken ? QString("taken") : "not taken, " + entry.reason) << Qt::endl;
     }
-    return QString("no plug-in family is named \"%1\"").arg(file.baseName());
-}
-
-void ExplainFolder(const QString& key, const QString& value, bool brushFolder)
-{
-    QDir folder(QCoreApplication::applicationDirPath());
-    if (!folder.cd(value)) {
-        Out() << "scan " << key << " folder \"" << value << "\": missing"
-              << (brushFolder ? ", no brush plug-in is loaded" : ", no plug-in at all is loaded")
-              << Qt::endl;
-        return;
-    }
-    Out() << "scan " << key << " folder " << folder.absolutePath() << Qt::endl;
-    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Name)) {
-        const QString why = WhyNotTaken(file, brushFolder);
-        Out() << "scan " << file.absoluteFilePath() << ": "
-              << (why.isEmpty() ? QString("taken") : "not taken, " + why) << Qt::endl;
-    }
-}
-
-void ExplainScan()
-{
-    const QSettings ini(KVApplication::GetResourcePath() + "/plugins.ini", QSettings::IniFormat);
-    ExplainFolder("brush", ini.value("brush").toString(), true);
-    ExplainFolder("general", ini.value("general").toString(), false);
 }
 
 void PrintGroups(const char* side, const QStringList& groups,
@@ -99,7 +69,7 @@ bool OpenForReport(const QString& path, bool* ok, void* user)
 int RunReport(KVApplication& app, const QStringList& images)
 {
     HostSession session(app);
-    ExplainScan();
+    ExplainScan(HostSession::PluginTypes());
     QObject::connect(&session, &HostSession::PluginLoaded,
                      [&](const QString& file, const QString& error, qint64 milliseconds) {
                          Out() << "load " << file << ": " << (error.isEmpty() ? "loaded" : "failed")

@@ -1,19 +1,13 @@
 #include "KVApplication_p.h"
 
-#include "KVImageFileManager.h"
 #include "KVLog.h"
 #include "MZExportResolutions_p.h"
 #include "MZExportSizes_p.h"
 
-#include <IBrushFactory.h>
-#include <IPluginContainer.h>
-#include <KVImageFilePlugin.h>
 #include <KVPixelRatioRound.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QPluginLoader>
 #include <QRegExp>
 #include <QSettings>
 #include <QTranslator>
@@ -273,161 +267,4 @@ void KVApplication::Private::SetColor(UseDataRole role, const QColor& defaultCol
         return;
     d->SetUserValue(GetName(role), color);
     Q_EMIT(d->q->*changed)();
-}
-
-// Plug-ins
-
-namespace {
-const QString kPluginOK = QStringLiteral("Plugin OK.");
-const QString kBrushFactoryUID = QStringLiteral("{00000000-0000-0000-0000-000000000002}");
-
-IPluginContainer* ContainerOf(QPluginLoader* loader)
-{
-    QObject* root = loader ? loader->instance() : nullptr;
-    return root ? qobject_cast<IPluginContainer*>(root) : nullptr;
-}
-
-QString Seconds(qint32 milliseconds)
-{
-    return QStringLiteral("%1").arg(milliseconds / 1000.0);
-}
-} // namespace
-
-void KVApplication::Private::LoadPlugins(const QStringList& files)
-{
-    for (const QString& path : files) {
-        Q_EMIT q->PluginLoading(path);
-        QCoreApplication::processEvents();
-
-        m_pluginStatus.push_back(LoadPlugin(path));
-        const PluginStatus& record = m_pluginStatus.back();
-        if (!record.loader) {
-            KV_LOG(QStringLiteral("Plugin: \"%1\" loading error. Loading time is %2 sec. Error "
-                                  "message is \"%3\".")
-                       .arg(path, Seconds(record.loadingTime), record.errorInfo));
-            Q_EMIT q->PluginLoadingError(path, record.errorInfo);
-        } else {
-            KV_LOG(QStringLiteral("Plugin: \"%1\" loaded successfully. Loading time is %2 sec.")
-                       .arg(path, Seconds(record.loadingTime)));
-            Q_EMIT q->PluginLoaded(path);
-        }
-        QCoreApplication::processEvents();
-    }
-}
-
-KVApplication::Private::PluginStatus KVApplication::Private::LoadPlugin(const QString& path)
-{
-    PluginStatus record;
-    record.fileName = path;
-    record.errorInfo = kPluginOK;
-    QElapsedTimer timer;
-    timer.start();
-    const auto finish = [&](qint32 status, const QString& errorInfo) {
-        record.status = status;
-        record.errorInfo = errorInfo;
-        record.loadingTime = qint32(timer.elapsed());
-        return record;
-    };
-
-    if (!QFile::exists(path))
-        return finish(PluginStatus::MissingFile, QStringLiteral("Missing file"));
-
-    auto* loader = new QPluginLoader(path);
-    // Resolving every symbol at load time turns a plug-in that needs a missing
-    // function into a load error, instead of a crash at its first call.
-    loader->setLoadHints(loader->loadHints() | QLibrary::ResolveAllSymbolsHint);
-    QObject* root = loader->instance();
-    if (!root) {
-        const QString error = loader->errorString();
-        delete loader;
-        return finish(PluginStatus::LoadError, error);
-    }
-    const auto reject = [&](const QString& error) {
-        loader->unload();
-        loader->deleteLater();
-        return finish(PluginStatus::LoadError, error);
-    };
-
-    auto* container = qobject_cast<IPluginContainer*>(root);
-    if (!container)
-        return reject(QStringLiteral("Is not an Pelkaro's plugin."));
-    container->Initialize();
-    const QList<KVPlugin*> plugins = container->GetPlugins();
-    if (plugins.isEmpty())
-        return reject(QStringLiteral("Empty container."));
-
-    const bool registry = KVImageFileManager::GetInstance() != nullptr;
-    for (KVPlugin* plugin : plugins) {
-        if (!plugin)
-            continue;
-        if (plugin->GetType() == KVPlugin::ImageFileType) {
-            if (registry)
-                KVImageFileManager::Register(qobject_cast<KVImageFilePlugin*>(plugin));
-        } else if (plugin->GetUID() == kBrushFactoryUID) {
-            m_pBrushFactory = dynamic_cast<IBrushFactory*>(plugin);
-        }
-    }
-    record.loader = loader;
-    return finish(PluginStatus::Loaded, kPluginOK);
-}
-
-void KVApplication::Private::LogUnload(const PluginStatus& record)
-{
-    if (record.loader->unload())
-        KV_LOG(QStringLiteral("Plugin: \"%1\" is unloaded successfully.").arg(record.fileName));
-    else
-        KV_LOG(QStringLiteral("Plugin: \"%1\" unloading error.").arg(record.fileName));
-}
-
-void KVApplication::Private::UnloadPlugins()
-{
-    for (auto record = m_pluginStatus.rbegin(); record != m_pluginStatus.rend(); ++record) {
-        if (record->status == PluginStatus::Loaded) {
-            if (IPluginContainer* container = ContainerOf(record->loader)) {
-                for (KVPlugin* plugin : container->GetPlugins()) {
-                    if (!plugin)
-                        continue;
-                    if (plugin->GetType() == KVPlugin::ImageFileType)
-                        KVImageFileManager::Unregister(qobject_cast<KVImageFilePlugin*>(plugin));
-                    else if (plugin->GetUID() == kBrushFactoryUID)
-                        m_pBrushFactory = nullptr;
-                }
-                container->Release();
-            }
-            if (record->loader)
-                LogUnload(*record);
-        }
-        // Cleared rather than left dangling: a later UIReady() or unload finds nothing.
-        delete record->loader;
-        record->loader = nullptr;
-    }
-}
-
-void KVApplication::Private::UnloadPlugins(const QStringList& files)
-{
-    // Removals shrink the list: the walk ends at its end.
-    for (std::size_t index = 0; index < m_pluginStatus.size();) {
-        PluginStatus& record = m_pluginStatus[index];
-        if (!files.contains(record.fileName)) {
-            ++index;
-            continue;
-        }
-        if (record.loader) {
-            if (IPluginContainer* container = ContainerOf(record.loader))
-                container->Release();
-            LogUnload(record);
-            delete record.loader;
-        }
-        m_pluginStatus.erase(m_pluginStatus.begin() + std::ptrdiff_t(index));
-    }
-}
-
-void KVApplication::Private::UIReady()
-{
-    for (auto record = m_pluginStatus.rbegin(); record != m_pluginStatus.rend(); ++record) {
-        if (record->status != PluginStatus::Loaded)
-            continue;
-        if (IPluginContainer* container = ContainerOf(record->loader))
-            container->UIReady();
-    }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KVApplication.h"
+#include "KVPluginLoader_p.h"
 #include "KVSettingsFile_p.h"
 
 #include <QBrush>
@@ -11,28 +12,12 @@
 #include <vector>
 
 class IBrushFactory;
-class QPluginLoader;
 
 class KVApplication::Private
 {
 public:
-    // One plug-in load attempt.
-    struct PluginStatus
-    {
-        enum Status
-        {
-            NotLoaded = 1,
-            LoadError = 2,
-            Loaded = 3,
-            MissingFile = 7,
-        };
-
-        qint32 status = NotLoaded;
-        QString fileName;                // as asked for
-        QString errorInfo;               // "Plugin OK." or why it failed
-        qint32 loadingTime = 0;          // milliseconds
-        QPluginLoader* loader = nullptr; // owned; set only while loaded
-    };
+    // Load attempts are recorded as the loader's PluginStatus.
+    using PluginStatus = KVPluginLoader::PluginStatus;
 
     explicit Private(KVApplication* owner);
     ~Private();
@@ -57,12 +42,6 @@ public:
     bool LoadTranslations(const QString& code);
     void LoadPatterns(const QString& folder);
 
-    void LoadPlugins(const QStringList& files);
-    PluginStatus LoadPlugin(const QString& path);
-    void UnloadPlugins();
-    void UnloadPlugins(const QStringList& files);
-    void UIReady();
-
     // Typed access shared by the public accessors.
     static QColor GetColor(UseDataRole role, const QColor& defaultColor);
     static void SetColor(UseDataRole role, const QColor& defaultColor, const QColor& color,
@@ -76,7 +55,7 @@ public:
     QString m_language;
     QMap<QString, QString> m_languageNames;
     int m_theme = 0;
-    std::vector<PluginStatus> m_pluginStatus;
+    KVPluginLoader m_plugins{q, m_pBrushFactory}; // owns the records and their loaders
     QStringList m_patterns;
     QAction* m_pRefineSelection = nullptr;
     // Each settings file checked before QSettings parses it, and kept parsed
@@ -94,7 +73,6 @@ public:
     static const QString m_pt;
 
 private:
-    void LogUnload(const PluginStatus& record);
     static void MoveSettingsFile(QString& settingsFile, KVSettingsFile& file,
                                  const QString& folder);
 };

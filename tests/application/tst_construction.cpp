@@ -15,7 +15,7 @@ private:
 
     static QString LanguageLine(const QString& code)
     {
-        return LogCapture::Expected("src/private/KVApplication_p", "No %1 translations.",
+        return LogCapture::Expected("src/private/KVApplication_p",
                                     QString("No %1 translations.").arg(code));
     }
 
@@ -37,8 +37,7 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
 
         const QString missing =
-            LogCapture::Expected("src/KVApplication", "The Resouces folder does not exist",
-                                 "The Resouces folder does not exist");
+            LogCapture::Expected("src/KVApplication", "The Resouces folder does not exist");
         QStringList log;
         for (const QString& line : run.log)
             log.append(LogCapture::WithoutBuildStamp(line));

@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(categories.count("default"), categories.size());
         QCOMPARE(log.StampedLines().filter("settings file"),
                  QStringList{
-                     LogCapture::Expected("src/private/KVSettingsFile_p", "held values", logged)});
+                     LogCapture::Expected("src/private/KVSettingsFile_p", logged)});
 
         KVApplication::SetPathExport("/exports");
         KVRecentManager::InitInstance();

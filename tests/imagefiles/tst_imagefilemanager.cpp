@@ -242,9 +242,13 @@ private Q_SLOTS:
         LogCapture capture;
         Manager::Register(&first);
         Manager::Register(&second);
-        const QString line = "Build date=DATE, time=TIME. Line=521, "
-                             "file=\"src/private/KVImageFileManager_p\". %1 uid is not unique.";
-        QCOMPARE(capture.StampedLines(), QStringList({line.arg("{r1}"), line.arg("{w1}")}));
+        // The one line that log readers know by its number.
+        QStringList lines;
+        for (const QString& line : capture.Lines())
+            lines << line.mid(line.indexOf("Line="));
+        const QString line =
+            "Line=521, file=\"src/private/KVImageFileManager_p\". %1 uid is not unique.";
+        QCOMPARE(lines, QStringList({line.arg("{r1}"), line.arg("{w1}")}));
 
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r1}"));
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));

@@ -124,6 +124,13 @@ private Q_SLOTS:
         QStringList expected = events;
         expected.replaceInStrings("loaded:libzother.dylib", "error:libzother.dylib");
         QCOMPARE(run.Values("event"), expected);
+        // The explanation takes exactly the files that load.
+        QStringList taken;
+        for (const QString& line : run.Values("scan")) {
+            if (line.endsWith(": taken") && line.contains('.'))
+                taken << "loading:" + line.chopped(7);
+        }
+        QCOMPARE(taken, run.Values("event").filter("loading:"));
         QFile ini(bundle.ResourcesPath() + "/plugins.ini");
         QVERIFY(ini.open(QIODevice::ReadOnly));
         QCOMPARE(ini.readAll(), PluginsIni(brush, general) + iniTail);
@@ -131,8 +138,34 @@ private Q_SLOTS:
             QStringList log;
             for (const QString& line : run.log)
                 log.append(LogCapture::WithoutBuildStamp(line));
-            QVERIFY(log.contains(LogCapture::Expected("src/KVApplication", logged, logged)));
+            QVERIFY(log.contains(LogCapture::Expected("src/KVApplication", logged)));
         }
+    }
+
+    // Why the scan leaves each file out, as a report shows it.
+    void explanations()
+    {
+        BundleFixture bundle;
+        bundle.WriteFile("Resources/plugins.ini", PluginsIni("../PlugIns/Brushes", "../Missing"));
+        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libabrush.dylib");
+        const QStringList missingGeneral = bundle.RunScenario("loadPlugins", {"8"}).Values("scan");
+        QCOMPARE(missingGeneral,
+                 QStringList({"brush: taken", "libabrush.dylib: the general folder is missing",
+                              "general: missing"}));
+
+        bundle.WriteFile("Resources/plugins.ini", PluginsIni("../PlugIns/Brushes", "../General"));
+        for (const char* name : {"LIBIMAGEIO.dylib", "libadjustments.dylib", "libimageio.txt",
+                                 "libzother.dylib", "libimageio.2.dylib"})
+            bundle.CopyFile(PluginFile("tc_empty"), QString("General/") + name);
+        QCOMPARE(
+            bundle.RunScenario("loadPlugins", {"4"}).Values("scan"),
+            QStringList({"general: taken",
+                         "LIBIMAGEIO.dylib: the base name \"LIBIMAGEIO\" differs from "
+                         "\"libimageio\" in case",
+                         "libadjustments.dylib: the family \"libadjustments\" was not asked for",
+                         "libimageio.2.dylib: taken",
+                         "libimageio.txt: the suffix \"txt\" is not \"dylib\"",
+                         "libzother.dylib: no plug-in family is named \"libzother\""}));
     }
 
     void expectedFileNames()

@@ -42,8 +42,7 @@ private:
 
 QString DuplicateLine(const QString& file, const QString& id, const QString& tail)
 {
-    return LogCapture::Expected(file, "already registered.",
-                                QString("id:%1 already registered.%2").arg(id, tail));
+    return LogCapture::Expected(file, QString("id:%1 already registered.%2").arg(id, tail));
 }
 } // namespace
 

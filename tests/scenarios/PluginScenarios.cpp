@@ -27,11 +27,17 @@ void ReportLoading(KVApplication& app)
 KV_SCENARIO(loadPlugins)
 {
     KVImageFileManager::InitInstance();
+    const auto types = KVApplication::PluginsLoadTypes(arguments.value(0).toInt());
+    for (const KVApplication::PluginScanEntry& entry :
+         arguments.isEmpty() ? app.ExplainPluginScan() : app.ExplainPluginScan(types)) {
+        const QString name = entry.isFolder ? entry.folderKey : QFileInfo(entry.path).fileName();
+        Report("scan", name + ": " + (entry.taken ? QString("taken") : entry.reason));
+    }
     ReportLoading(app);
     if (arguments.isEmpty())
         app.LoadPlugins();
     else
-        app.LoadPlugins(KVApplication::PluginsLoadTypes(arguments.first().toInt()));
+        app.LoadPlugins(types);
     app.UnloadPlugins();
     KVImageFileManager::ReleaseInstance();
     return 0;

@@ -16,19 +16,17 @@ public:
     QStringList Lines() const;
     // The message category of each captured line, in order.
     QStringList Categories() const;
-    // The captured lines with their build date and time replaced by DATE and TIME.
+    // The captured lines with their build date, time and source line replaced
+    // by DATE, TIME and LINE.
     QStringList StampedLines() const;
     void Clear();
 
-    // A log line with DATE and TIME for its build stamp, at the line of sourceFile
-    // (a path from the repository root without extension) that holds needle.
-    static QString Expected(const QString& sourceFile, const QString& needle,
-                            const QString& message);
-    // A log line with its build date and time replaced by DATE and TIME; unchanged
-    // when the stamp is not in the compiler's form.
+    // A log line of sourceFile (a path from the repository root without
+    // extension) with DATE, TIME and LINE for its build stamp and source line.
+    static QString Expected(const QString& sourceFile, const QString& message);
+    // A log line with its build date, time and source line replaced by DATE,
+    // TIME and LINE; unchanged when the stamp is not in the compiler's form.
     static QString WithoutBuildStamp(const QString& line);
-    // The 1-based line of the log statement in sourceFile.cpp that holds needle, or -1.
-    static int SourceLine(const QString& sourceFile, const QString& needle);
 
 private:
     static void Handler(QtMsgType type, const QMessageLogContext& context, const QString& text);
