@@ -60,15 +60,14 @@ BENCHMARK_REGISTER_F(Construction, BareQApplicationAndPresetFiles)
 
 void PrintApplicationRatios(const RatioReporter& report)
 {
-    const double library = report.Nanoseconds("Construction/KVApplication/real_time");
-    const double bare = report.Nanoseconds("Construction/BareQApplication/real_time");
-    const double presets =
-        report.Nanoseconds("Construction/BareQApplicationAndPresetFiles/real_time");
-    if (library <= 0 || bare <= 0 || presets <= 0)
+    const std::string library = "Construction/KVApplication/real_time";
+    if (!report.Value(library).IsValid())
         return;
     std::printf("\nApplication object, constructed and destroyed (both preset files present)\n");
-    std::printf("%-66s %10.2f%-3s\n", "KVApplication", library / 1000.0, "us");
-    std::printf("%-66s %10.2f%-3s\n", "  / bare QApplication", library / bare, "x");
-    std::printf("%-66s %10.2f%-3s\n", "  / bare QApplication + bare reads of the two preset files",
-                library / presets, "x");
+    PrintSpread("KVApplication", report.Value(library), "us", 0.001);
+    PrintSpread("  / bare QApplication",
+                report.Ratio(library, "Construction/BareQApplication/real_time"), "x");
+    PrintSpread("  / bare QApplication + bare reads of the two preset files",
+                report.Ratio(library, "Construction/BareQApplicationAndPresetFiles/real_time"),
+                "x");
 }

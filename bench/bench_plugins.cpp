@@ -103,14 +103,14 @@ void TearDownPlugins()
 
 void PrintPluginRatios(const RatioReporter& report)
 {
-    const double library = report.Nanoseconds("Plugins/LoadPluginsTen/real_time");
-    const double bare = report.Nanoseconds("Plugins/BareInstanceTen/real_time");
-    const double initialized = report.Nanoseconds("Plugins/BareInstanceAndInitializeTen/real_time");
-    if (library <= 0 || bare <= 0 || initialized <= 0)
+    const std::string library = "Plugins/LoadPluginsTen/real_time";
+    const Spread initialized =
+        report.Ratio(library, "Plugins/BareInstanceAndInitializeTen/real_time");
+    if (!initialized.IsValid())
         return;
     std::printf("\nPlug-in loading (ten files, the libraries already mapped)\n");
-    PrintRatio("LoadPlugins / (bare instance() + the containers' own Initialize)",
-               library / initialized, "x", library / initialized <= 1.2, "(at most 1.2x)");
-    std::printf("%-66s %10.2f%-3s\n", "LoadPlugins / bare QPluginLoader::instance()",
-                library / bare, "x");
+    PrintTarget("LoadPlugins / (bare instance() + the containers' own Initialize)", initialized,
+                "x", initialized.median <= 1.2, "(at most 1.2x)");
+    PrintSpread("LoadPlugins / bare QPluginLoader::instance()",
+                report.Ratio(library, "Plugins/BareInstanceTen/real_time"), "x");
 }

@@ -302,57 +302,39 @@ void TearDownSettings()
 }
 
 namespace {
-void PrintRead(const char* label, double read, double same, double unheld)
-{
-    PrintRatio(label, read / 1000.0, "us", read <= 10000, "(at most 10 us)");
-    std::printf("%-66s %10.2f%-3s\n", "  / bare QSettings read of the same file", read / same, "x");
-    std::printf("%-66s %10.2f%-3s\n", "  / bare QSettings read of a file nobody holds",
-                read / unheld, "x");
-}
-
 void PrintKeyCount(const RatioReporter& report, int keys)
 {
-    const auto ns = [&](const char* name) {
-        return report.Nanoseconds(QStringLiteral("Settings/%1/%2/real_time")
-                                      .arg(QLatin1String(name))
-                                      .arg(keys)
-                                      .toStdString());
+    const auto run = [&](const char* name) {
+        return QStringLiteral("Settings/%1/%2/real_time")
+            .arg(QLatin1String(name))
+            .arg(keys)
+            .toStdString();
     };
-    const char* const names[] = {"TypedRead",
-                                 "BareRead",
-                                 "BareReadUnheld",
-                                 "TypedReadAfterWrite",
-                                 "BareReadAfterWrite",
-                                 "BareReadUnheldAfterWrite",
-                                 "TypedReadAfterOutsideWrite",
-                                 "TypedWrite",
-                                 "BareWrite",
-                                 "BareWriteUnheld"};
-    for (const char* name : names) {
-        if (ns(name) <= 0)
-            return;
-    }
+    if (!report.Value(run("TypedRead")).IsValid())
+        return;
     std::printf("\nSettings, user.ini of %d keys\n", keys);
-    PrintRead("typed read (GetBackground)", ns("TypedRead"), ns("BareRead"), ns("BareReadUnheld"));
-    PrintRead("typed read right after a write of the file", ns("TypedReadAfterWrite"),
-              ns("BareReadAfterWrite"), ns("BareReadUnheldAfterWrite"));
-    std::printf("%-66s %10.2f%-3s\n", "typed read after another program's write (the file checked)",
-                ns("TypedReadAfterOutsideWrite") / 1000.0, "us");
+    const auto read = [&](const char* label, const char* typed, const char* bare,
+                          const char* unheld) {
+        const Spread value = report.Value(run(typed));
+        PrintTarget(label, value, "us", value.median <= 10000, "(at most 10 us)", 0.001);
+        PrintSpread("  / bare QSettings read of the same file", report.Ratio(run(typed), run(bare)),
+                    "x");
+        PrintSpread("  / bare QSettings read of a file nobody holds",
+                    report.Ratio(run(typed), run(unheld)), "x");
+    };
+    read("typed read (GetBackground)", "TypedRead", "BareRead", "BareReadUnheld");
+    read("typed read right after a write of the file", "TypedReadAfterWrite", "BareReadAfterWrite",
+         "BareReadUnheldAfterWrite");
+    PrintSpread("typed read after another program's write (the file checked)",
+                report.Value(run("TypedReadAfterOutsideWrite")), "us", 0.001);
     // A write is the file rewritten; other processes' load on these 2-core
     // machines moves its wall time by more than the difference sought.
-    const auto cpu = [&](const char* name) {
-        return report.CpuNanoseconds(QStringLiteral("Settings/%1/%2/real_time")
-                                         .arg(QLatin1String(name))
-                                         .arg(keys)
-                                         .toStdString());
-    };
-    const double write = cpu("TypedWrite");
-    PrintRatio("typed write (SetPathOpen) / bare QSettings write, same file, CPU",
-               write / cpu("BareWrite"), "x", write <= cpu("BareWrite") * 1.05, "(at most 1.05x)");
-    std::printf("%-66s %10.2f%-3s\n", "  / bare QSettings write of a file nobody holds, CPU",
-                write / cpu("BareWriteUnheld"), "x");
-    std::printf("%-66s %10.2f%-3s\n", "  the typed write, wall time", ns("TypedWrite") / 1000.0,
-                "us");
+    const Spread write = report.Ratio(run("TypedWrite"), run("BareWrite"), Measure::CpuTime);
+    PrintTarget("typed write (SetPathOpen) / bare QSettings write, same file, CPU", write, "x",
+                write.median <= 1.05, "(at most 1.05x)");
+    PrintSpread("  / bare QSettings write of a file nobody holds, CPU",
+                report.Ratio(run("TypedWrite"), run("BareWriteUnheld"), Measure::CpuTime), "x");
+    PrintSpread("  the typed write, wall time", report.Value(run("TypedWrite")), "us", 0.001);
 }
 } // namespace
 
@@ -360,12 +342,11 @@ void PrintSettingsRatios(const RatioReporter& report)
 {
     PrintKeyCount(report, 50);
     PrintKeyCount(report, 1000);
-    const double recent = report.Nanoseconds("Recent/RestoreAndSave/real_time");
-    const double bare = report.Nanoseconds("Recent/BareRestoreAndSave/real_time");
-    if (recent <= 0 || bare <= 0)
+    const std::string recent = "Recent/RestoreAndSave/real_time";
+    if (!report.Value(recent).IsValid())
         return;
     std::printf("\nRecent and favourite files, full lists\n");
-    std::printf("%-66s %10.2f%-3s\n", "restore and save", recent / 1000.0, "us");
-    std::printf("%-66s %10.2f%-3s\n", "  / the same reads and writes through bare QSettings",
-                recent / bare, "x");
+    PrintSpread("restore and save", report.Value(recent), "us", 0.001);
+    PrintSpread("  / the same reads and writes through bare QSettings",
+                report.Ratio(recent, "Recent/BareRestoreAndSave/real_time"), "x");
 }

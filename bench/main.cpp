@@ -1,5 +1,7 @@
 // The library's benchmarks. Each measure that has a target is printed at the
-// end as a ratio against a floor measured in the same run.
+// end as a ratio against a floor measured in the same run: the median of the
+// ratios of several rounds, in each of which every measure runs once, with
+// their range.
 
 #include "BenchApplication.h"
 #include "RatioReporter.h"
@@ -8,7 +10,11 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
+#include <vector>
 
 void PrintImageFileRatios(const RatioReporter& report);
 void PrintRegistrationRatios(const RatioReporter& report);
@@ -62,6 +68,23 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(&DropDebugLines);
     StartApplication();
+    // Unless the command line says otherwise: a tenth of a second a measure
+    // and seven rounds (--rounds=N).
+    std::vector<char*> arguments;
+    int rounds = 7;
+    for (int i = 0; i < argc; ++i) {
+        if (std::strncmp(argv[i], "--rounds=", 9) == 0)
+            rounds = std::max(1, std::atoi(argv[i] + 9));
+        else
+            arguments.push_back(argv[i]);
+    }
+    static char minTime[] = "--benchmark_min_time=0.1";
+    if (std::none_of(arguments.begin(), arguments.end(), [](const char* argument) {
+            return std::strstr(argument, "--benchmark_min_time");
+        }))
+        arguments.push_back(minTime);
+    argc = int(arguments.size());
+    argv = arguments.data();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
@@ -69,7 +92,11 @@ int main(int argc, char** argv)
     SetUpPlugins();
     SetUpSettings();
     RatioReporter report;
-    benchmark::RunSpecifiedBenchmarks(&report);
+    for (int round = 0; round < rounds; ++round) {
+        std::printf("\nRound %d of %d\n", round + 1, rounds);
+        report.SetRound(round);
+        benchmark::RunSpecifiedBenchmarks(&report);
+    }
     PrintImageFileRatios(report);
     PrintRegistrationRatios(report);
     PrintPluginRatios(report);
