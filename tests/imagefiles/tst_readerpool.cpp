@@ -371,6 +371,9 @@ private Q_SLOTS:
         QCOMPARE(errors.load(), 0);
         QCOMPARE(Manager::AcquireReader("png"), png.first());
         Manager::ReleaseAcquiredReader(png.first());
+        // The readers of the unregistered plug-in are no longer the manager's to hand back.
+        Manager::ReleaseReadersPool();
+        qDeleteAll(jpg);
     }
 
     // Real files decoded by pooled Qt readers on several threads.
