@@ -130,7 +130,7 @@ void PluginsDialog::Retranslate()
     }
     if (m_account.safeMode)
         notices << tr("Safe mode: only the plug-ins that ship with Pelkaro are loaded.");
-    notices << tr("%n plug-in file(s) tried.", nullptr, m_account.files.size());
+    notices << tr("Plug-in files tried: %1.").arg(m_account.files.size());
     m_notice->setText(notices.join(QLatin1Char(' ')));
     m_tree->setHeaderLabels({tr("Plug-in"), tr("Status and contributions")});
     m_takeBack->setText(tr("Take Back"));
