@@ -8,7 +8,8 @@ scripts/setup.sh
 
 build_dir=build-docs
 cmake -S . -B "$build_dir" -G Ninja >/dev/null
-if ! cmake --build "$build_dir" --target help | grep -q '^docs:'; then
+# grep reads to the end: with -q it may close the pipe early, which pipefail fails.
+if ! cmake --build "$build_dir" --target help | grep '^docs:' >/dev/null; then
     echo "docs: no docs target; is doxygen installed?" >&2
     exit 1
 fi

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Builds the library, the sample plug-ins and the sample host's bundle (in
 # build-host/), then starts the host from the bundle. Arguments go to the
-# host: --report [image...] prints what it loaded and opens images without a
-# window. Without a display the window runs on a virtual one (Xvfb).
+# host: --report [--json] [image...] prints what it loaded and opens images
+# without a window; --help lists the rest. Without a display the window runs
+# on a virtual one (Xvfb).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,9 +12,11 @@ cmake -S . -B build-host -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPELKARO_BU
 cmake --build build-host --parallel "$(nproc)" --target pelkaro_bundle
 
 host=build-host/Pelkaro.app/Contents/MacOS/Pelkaro
-if [[ "${1:-}" == "--report" ]]; then
-    exec env QT_QPA_PLATFORM=offscreen "$host" "$@"
-fi
+for argument in "$@"; do
+    if [[ "$argument" == "--report" || "$argument" == "--help" ]]; then
+        exec env QT_QPA_PLATFORM=offscreen "$host" "$@"
+    fi
+done
 if [[ -z "${DISPLAY:-}" && -z "${WAYLAND_DISPLAY:-}" ]]; then
     echo "run-host: no display; starting the window on a virtual one (xvfb-run)" >&2
     exec xvfb-run -a "$host" "$@"

@@ -13,6 +13,7 @@ packages=(
   icc-profiles-free
   xvfb xauth
   doxygen
+  abigail-tools binutils
 )
 
 missing=()

@@ -221,6 +221,11 @@ QString KVApplication::GetErrorInfo(const QString& file)
     return d->m_plugins.ErrorInfo(file);
 }
 
+std::vector<KVApplication::PluginRecord> KVApplication::GetPluginRecords() const
+{
+    return d->m_plugins.PublicRecords();
+}
+
 void KVApplication::UIReady()
 {
     d->m_plugins.UIReady();

@@ -11,6 +11,7 @@
 #include <vector>
 
 class IBrushFactory;
+class KVPlugin;
 class QAction;
 
 /// The editor's application object: construct it once, in place of a plain
@@ -139,6 +140,37 @@ public:
         QString reason;
         /// The plugins.ini key of the folder: "brush" or "general".
         QString folderKey;
+    };
+
+    /// One attempt to load a plug-in file, and what the file contributed; see
+    /// GetPluginRecords().
+    struct PluginRecord
+    {
+        /// How the attempt ended.
+        enum Status
+        {
+            NotLoaded = 1,   ///< The attempt did not come to an end.
+            LoadError = 2,   ///< The library did not load, or its container was refused.
+            Loaded = 3,      ///< The container was loaded (and stays so until unloaded).
+            MissingFile = 7, ///< The path did not exist.
+        };
+
+        /// The path as it was asked for.
+        QString fileName;
+        /// How the attempt ended.
+        Status status = NotLoaded;
+        /// "Plugin OK." or why the file did not load, as GetErrorInfo() answers.
+        QString errorInfo;
+        /// The milliseconds the attempt took.
+        qint32 loadingTime = 0;
+        /// The container's plug-in objects (IPluginContainer::GetPlugins()) while
+        /// it is loaded; empty before, after unloading and for a failed attempt.
+        QList<KVPlugin*> plugins;
+        /// The identifiers that KVAdjustmentManager gained while the file loaded:
+        /// the adjustments its container registered itself, in registration order.
+        QStringList adjustments;
+        /// The UIDs that KVBrushToolManager gained while the file loaded.
+        QStringList brushes;
     };
 
     /// The visual themes; 0 before any theme was loaded.
@@ -395,6 +427,10 @@ public:
     std::vector<QString> GetErrorPlugins();
     /// "Plugin OK.", the error of the file's first record, or "Errors not found".
     QString GetErrorInfo(const QString& file);
+    /// Every load attempt still recorded, in order (UnloadPlugins(files) drops
+    /// records, UnloadPlugins() keeps them): the records that GetErrorPlugins()
+    /// and GetErrorInfo() read, with what each loaded file contributed.
+    std::vector<PluginRecord> GetPluginRecords() const;
     /// Tells every loaded container that the main window stands.
     void UIReady();
 

@@ -1,5 +1,8 @@
 #include "MainWindow.h"
 
+#include "HostSession.h"
+#include "PluginDoctor.h"
+#include "PluginsDialog.h"
 #include "Tools.h"
 
 #include <KVAdjustment.h>
@@ -36,6 +39,7 @@ enum KVMenuManager::MenuRole : int
     FileMenu = 10,
     AdjustmentsMenu = 20,
     ViewMenu = 30,
+    HelpMenu = 40,
 };
 
 namespace {
@@ -74,7 +78,8 @@ QPixmap GradientPreview()
 }
 } // namespace
 
-MainWindow::MainWindow()
+MainWindow::MainWindow(const HostSession& session)
+    : m_session(session)
 {
     m_image = new QLabel;
     m_image->setAlignment(Qt::AlignCenter);
@@ -115,6 +120,7 @@ MainWindow::~MainWindow()
     delete m_fileMenu;
     delete m_adjustmentsMenu;
     delete m_viewMenu;
+    delete m_helpMenu;
 }
 
 void MainWindow::BuildMenus()
@@ -166,7 +172,20 @@ void MainWindow::BuildMenus()
     m_languageMenu = KVMenuManager::CreateMenu(KVMenuManager::ViewMenu, 20);
     FillLanguageMenu();
 
+    m_helpMenu = KVMenuManager::CreateMenu(KVMenuManager::HelpMenu, QString());
+    m_pluginsAction = KVMenuManager::CreateAction(KVMenuManager::HelpMenu, 10);
+    connect(m_pluginsAction, &QAction::triggered, this, &MainWindow::ShowPlugins);
+
     KVMenuManager::Setup(menuBar());
+}
+
+PluginsDialog* MainWindow::ShowPlugins()
+{
+    auto* dialog =
+        new PluginsDialog(PluginDoctor::Collect(*KVApplication::GetInstance(), m_session), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+    return dialog;
 }
 
 void MainWindow::BuildTools()
@@ -257,6 +276,8 @@ void MainWindow::Retranslate()
     m_darkAction->setText(tr("&Dark"));
     m_lightAction->setText(tr("&Light"));
     m_languageMenu->setTitle(tr("&Language"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_pluginsAction->setText(tr("&Plug-ins..."));
     m_profileLabel->setText(tr("Working profile"));
     m_patternLabel->setText(tr("Pattern"));
     UpdateSwatches();

@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 
+class HostSession;
+class PluginsDialog;
 class QAction;
 class QComboBox;
 class QLabel;
@@ -18,7 +20,7 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    MainWindow();
+    explicit MainWindow(const HostSession& session);
     ~MainWindow() override;
 
     // Opens through the image file manager, which calls back OpenFile().
@@ -28,6 +30,8 @@ public:
     bool ApplyAdjustment(const QString& id);
     // Writes the open image, scaled to the resolution preset, through the save callback.
     bool ExportAtPreset(int preset, const QString& path);
+    // Help > Plug-ins: shows the plug-ins of this start (not modal) and answers the dialog.
+    PluginsDialog* ShowPlugins();
 
 Q_SIGNALS:
     // An Open() finished; error is empty when the image is shown.
@@ -52,12 +56,14 @@ private:
     void UpdateSwatches();
     void ChooseColour(bool foreground);
 
+    const HostSession& m_session;
     ImageDocument m_document;
     QScrollArea* m_view = nullptr;
     QLabel* m_image = nullptr;
     QMenu* m_fileMenu = nullptr;
     QMenu* m_adjustmentsMenu = nullptr;
     QMenu* m_viewMenu = nullptr;
+    QMenu* m_helpMenu = nullptr;
     QMenu* m_recentMenu = nullptr;
     QMenu* m_favouritesMenu = nullptr;
     QMenu* m_exportMenu = nullptr;
@@ -67,6 +73,7 @@ private:
     QAction* m_quitAction = nullptr;
     QAction* m_darkAction = nullptr;
     QAction* m_lightAction = nullptr;
+    QAction* m_pluginsAction = nullptr;
     QPushButton* m_foreground = nullptr;
     QPushButton* m_background = nullptr;
     QLabel* m_gradient = nullptr;

@@ -2,10 +2,15 @@
 
 #include "HostSession.h"
 #include "ImageFiles.h"
+#include "Options.h"
+#include "PluginDoctor.h"
 
 #include <KVApplication.h>
 #include <KVImageFileManager.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTextStream>
 #include <QThread>
 
@@ -16,78 +21,107 @@ QTextStream& Out()
     return out;
 }
 
-// The library's own scan, explained file by file.
-void ExplainScan(KVApplication::PluginsLoadTypes types)
+void Print(const QStringList& lines)
 {
-    for (const KVApplication::PluginScanEntry& entry : KVApplication::ExplainPluginScan(types)) {
-        if (entry.isFolder && entry.taken)
-            Out() << "scan " << entry.folderKey << " folder " << entry.path << Qt::endl;
-        else if (entry.isFolder)
-            Out() << "scan " << entry.folderKey << " folder \"" << entry.path
-                  << "\": " << entry.reason << Qt::endl;
-        else
-            Out() << "scan " << entry.path << ": "
-                  << (entry.taken ? QString("taken") : "not taken, " + entry.reason) << Qt::endl;
-    }
+    for (const QString& line : lines)
+        Out() << line << Qt::endl;
 }
 
-void PrintGroups(const char* side, const QStringList& groups,
-                 QStringList (*formats)(const QString&))
+QJsonArray Groups(const QStringList& groups, QStringList (*formats)(const QString&))
 {
+    QJsonArray array;
     for (const QString& group : groups) {
-        Out() << side << " group " << group << " \"" << KVImageFileManager::GetGroupName(group)
-              << "\": " << formats(group).join(' ') << Qt::endl;
+        array.append(QJsonObject{{"uid", group},
+                                 {"name", KVImageFileManager::GetGroupName(group)},
+                                 {"formats", QJsonArray::fromStringList(formats(group))}});
     }
+    return array;
+}
+
+QStringList GroupLines(const char* side, const QJsonArray& groups)
+{
+    QStringList lines;
+    for (const QJsonValue& group : groups) {
+        QStringList formats;
+        for (const QJsonValue& format : group["formats"].toArray())
+            formats << format.toString();
+        lines << QString("%1 group %2 \"%3\": %4")
+                     .arg(side, group["uid"].toString(), group["name"].toString(),
+                          formats.join(' '));
+    }
+    return lines;
 }
 
 // Opens through the manager's open callback; decoding runs on a worker
 // thread with a pooled reader, as in the window.
 struct OpenResults
 {
+    QJsonArray images;
     bool allOpened = true;
 };
 
 bool OpenForReport(const QString& path, bool* ok, void* user)
 {
+    Q_UNUSED(ok);
     QImage image;
     QString error;
     QThread* worker = QThread::create([&] { image = DecodeWithPool(path, &error); });
     worker->start();
     worker->wait();
     delete worker;
+    auto* results = static_cast<OpenResults*>(user);
     if (image.isNull()) {
-        Out() << "open " << path << ": failed, " << error << Qt::endl;
-        static_cast<OpenResults*>(user)->allOpened = false;
+        results->images.append(QJsonObject{{"path", path}, {"error", error}});
+        results->allOpened = false;
         return false;
     }
-    Out() << "open " << path << ": " << image.width() << "x" << image.height() << Qt::endl;
-    Q_UNUSED(ok);
+    results->images.append(
+        QJsonObject{{"path", path}, {"width", image.width()}, {"height", image.height()}});
     return true;
 }
 } // namespace
 
-int RunReport(KVApplication& app, const QStringList& images)
+int RunReport(KVApplication& app, HostSession& session, const HostOptions& options)
 {
-    HostSession session(app);
-    ExplainScan(HostSession::PluginTypes());
-    QObject::connect(&session, &HostSession::PluginLoaded,
-                     [&](const QString& file, const QString& error, qint64 milliseconds) {
-                         Out() << "load " << file << ": " << (error.isEmpty() ? "loaded" : "failed")
-                               << ", \"" << app.GetErrorInfo(file) << "\", " << milliseconds
-                               << " ms" << Qt::endl;
-                     });
-    session.LoadPlugins();
+    // Printed before loading, so that a plug-in that crashes the report
+    // leaves the scan behind.
+    if (!options.json)
+        Print(
+            PluginDoctor::ScanLines(KVApplication::ExplainPluginScan(HostSession::PluginTypes())));
+    session.LoadPlugins(options.safeMode);
+    const PluginDoctor::Account account = PluginDoctor::Collect(app, session);
 
-    PrintGroups("read", KVImageFileManager::GetSupportedReadGroups(),
-                &KVImageFileManager::GetGroupReadFormats);
-    PrintGroups("write", KVImageFileManager::GetSupportedWriteGroups(),
-                &KVImageFileManager::GetGroupWriteFormats);
-    Out() << "open filter: " << KVImageFileManager::GetFilterForRead() << Qt::endl;
-    Out() << "save filter: " << KVImageFileManager::GetFilterForWrite() << Qt::endl;
-
+    const QJsonArray readGroups = Groups(KVImageFileManager::GetSupportedReadGroups(),
+                                         &KVImageFileManager::GetGroupReadFormats);
+    const QJsonArray writeGroups = Groups(KVImageFileManager::GetSupportedWriteGroups(),
+                                          &KVImageFileManager::GetGroupWriteFormats);
     OpenResults results;
     KVImageFileManager::Register(&OpenForReport, &results);
-    KVImageFileManager::Open(images);
+    KVImageFileManager::Open(options.images);
     KVImageFileManager::Register(KVImageFileManager::OpenCallback(nullptr), nullptr);
+
+    if (options.json) {
+        QJsonObject document = PluginDoctor::ToJson(account);
+        document.insert("readGroups", readGroups);
+        document.insert("writeGroups", writeGroups);
+        document.insert("openFilter", KVImageFileManager::GetFilterForRead());
+        document.insert("saveFilter", KVImageFileManager::GetFilterForWrite());
+        document.insert("images", results.images);
+        Out() << QJsonDocument(document).toJson(QJsonDocument::Indented) << Qt::flush;
+    } else {
+        Print(PluginDoctor::LoadLines(account));
+        Print(GroupLines("read", readGroups));
+        Print(GroupLines("write", writeGroups));
+        Out() << "open filter: " << KVImageFileManager::GetFilterForRead() << Qt::endl;
+        Out() << "save filter: " << KVImageFileManager::GetFilterForWrite() << Qt::endl;
+        for (const QJsonValue& image : results.images) {
+            const QString path = image["path"].toString();
+            if (image["error"].isString())
+                Out() << "open " << path << ": failed, " << image["error"].toString() << Qt::endl;
+            else
+                Out() << "open " << path << ": " << image["width"].toInt() << "x"
+                      << image["height"].toInt() << Qt::endl;
+        }
+    }
     return results.allOpened ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #include "SelfTest.h"
 
 #include "MainWindow.h"
+#include "PluginsDialog.h"
 #include "Tools.h"
 
 #include <KVAdjustmentManager.h>
@@ -8,6 +9,7 @@
 #include <KVToolWidgetManager.h>
 
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QTextStream>
 #include <QTimer>
@@ -73,9 +75,19 @@ int RunSelfTest(MainWindow& window, const QStringList& images, const QString& ex
         Out() << "exported " << exported << ": " << (written ? "yes" : "no") << Qt::endl;
         failures += written ? 0 : 1;
     }
+    // Help > Plug-ins, as the user opens it.
+    PluginsDialog* plugins = window.ShowPlugins();
+    QCoreApplication::processEvents();
+    Out() << "plug-ins dialog: " << plugins->FileCount() << " files" << Qt::endl;
+
     const QString screenshot = qEnvironmentVariable("PELKARO_SCREENSHOT");
-    if (!screenshot.isEmpty())
+    if (!screenshot.isEmpty()) {
         window.grab().save(screenshot);
+        const QFileInfo file(screenshot);
+        plugins->grab().save(file.path() + "/" + file.completeBaseName() + "-plugins." +
+                             file.suffix());
+    }
+    plugins->close();
     window.close();
     return failures == 0 ? 0 : 1;
 }

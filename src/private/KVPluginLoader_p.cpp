@@ -1,5 +1,7 @@
 #include "KVPluginLoader_p.h"
 
+#include "KVAdjustmentManager.h"
+#include "KVBrushToolManager.h"
 #include "KVImageFileManager.h"
 #include "KVLog.h"
 #include "KVSettingsFile_p.h"
@@ -129,6 +131,17 @@ IPluginContainer* ContainerOf(QPluginLoader* loader)
     return root ? qobject_cast<IPluginContainer*>(root) : nullptr;
 }
 
+// The entries of after that before did not have, in after's order.
+QStringList Gained(const QStringList& before, const QStringList& after)
+{
+    QStringList gained;
+    for (const QString& entry : after) {
+        if (!before.contains(entry))
+            gained.append(entry);
+    }
+    return gained;
+}
+
 QString Seconds(qint32 milliseconds)
 {
     return QStringLiteral("%1").arg(milliseconds / 1000.0);
@@ -236,9 +249,15 @@ KVPluginLoader::PluginStatus KVPluginLoader::LoadOne(const QString& path)
     record.errorInfo = kPluginOK;
     QElapsedTimer timer;
     timer.start();
+    // The container registers its adjustments and brushes itself: what the
+    // registries gain while the file loads is its contribution.
+    const QStringList adjustments = KVAdjustmentManager::GetRegistered();
+    const QStringList brushes = KVBrushToolManager::GetRegistered();
     const auto finish = [&](qint32 status, const QString& errorInfo) {
         record.status = status;
         record.errorInfo = errorInfo;
+        record.adjustments = Gained(adjustments, KVAdjustmentManager::GetRegistered());
+        record.brushes = Gained(brushes, KVBrushToolManager::GetRegistered());
         record.loadingTime = qint32(timer.elapsed());
         return record;
     };
@@ -361,6 +380,25 @@ std::vector<QString> KVPluginLoader::ErrorFiles() const
             files.push_back(record.fileName);
     }
     return files;
+}
+
+std::vector<KVApplication::PluginRecord> KVPluginLoader::PublicRecords() const
+{
+    std::vector<KVApplication::PluginRecord> records;
+    records.reserve(m_records.size());
+    for (const PluginStatus& record : m_records) {
+        KVApplication::PluginRecord entry;
+        entry.fileName = record.fileName;
+        entry.status = KVApplication::PluginRecord::Status(record.status);
+        entry.errorInfo = record.errorInfo;
+        entry.loadingTime = record.loadingTime;
+        if (IPluginContainer* container = ContainerOf(record.loader))
+            entry.plugins = container->GetPlugins();
+        entry.adjustments = record.adjustments;
+        entry.brushes = record.brushes;
+        records.push_back(entry);
+    }
+    return records;
 }
 
 QString KVPluginLoader::ErrorInfo(const QString& file) const

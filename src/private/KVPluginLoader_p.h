@@ -33,6 +33,8 @@ public:
         QString errorInfo;               // "Plugin OK." or why it failed
         qint32 loadingTime = 0;          // milliseconds
         QPluginLoader* loader = nullptr; // owned; set only while loaded
+        QStringList adjustments;         // registered while the file loaded
+        QStringList brushes;             // the same for brush plug-ins
     };
 
     // brushFactory: where the brush factory of loaded plug-ins is kept.
@@ -58,6 +60,8 @@ public:
     std::vector<QString> ErrorFiles() const;
     QString ErrorInfo(const QString& file) const;
     const std::vector<PluginStatus>& Records() const { return m_records; }
+    // The records as KVApplication::GetPluginRecords() answers them.
+    std::vector<KVApplication::PluginRecord> PublicRecords() const;
 
 private:
     PluginStatus LoadOne(const QString& path);

@@ -6,7 +6,9 @@
 #include <KVAdjustmentManager.h>
 #include <KVApplication.h>
 #include <KVImageFileManager.h>
+#include <KVPlugin.h>
 
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -134,7 +136,7 @@ private Q_SLOTS:
         QTest::newRow("empty container") << "tc_empty"
                                          << "Empty container." << QStringList{"empty:Initialize"};
         QTest::newRow("unresolved symbol") << "tc_missingsymbol"
-                                           << "kv_missing_function" << QStringList();
+                                           << "_Z13MissingHelperv" << QStringList();
         QTest::newRow("random bytes") << "random"
                                       << "librandom.dylib" << QStringList();
         QTest::newRow("truncated plug-in") << "truncated"
@@ -245,6 +247,42 @@ private Q_SLOTS:
         QCOMPARE(m_app->GetErrorInfo(PluginFile("tc_image_b")), QString("Plugin OK."));
         QCOMPARE(m_app->GetErrorInfo("/no/such/file"), QString("Errors not found"));
         QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>({late, PluginFile("tc_empty")}));
+    }
+
+    // What each file contributed: its objects while loaded, and the
+    // adjustments its container registered itself.
+    void recordsTellWhatEachFileContributed()
+    {
+        const QString missing = m_dir.filePath("libgone.dylib");
+        const QStringList files = {PluginFile("tc_image_a"), PluginFile("tc_adjustments"),
+                                   PluginFile("tc_empty"), missing};
+        m_app->LoadPlugins(files);
+
+        const auto describe = [&] {
+            QStringList lines;
+            for (const KVApplication::PluginRecord& record : m_app->GetPluginRecords()) {
+                QStringList types;
+                for (KVPlugin* plugin : record.plugins)
+                    types << QString::number(plugin->GetType());
+                lines << QString("%1 %2 [%3] [%4]")
+                             .arg(QFileInfo(record.fileName).fileName())
+                             .arg(record.status)
+                             .arg(types.join(','), record.adjustments.join(','));
+            }
+            return lines;
+        };
+        QCOMPARE(describe(), QStringList({"libtc_image_a.dylib 3 [2] []",
+                                          "libtc_adjustments.dylib 3 [1,1] "
+                                          "[adjustments.invert,adjustments.grey]",
+                                          "libtc_empty.dylib 2 [] []", "libgone.dylib 7 [] []"}));
+        QCOMPARE(m_app->GetPluginRecords().at(1).errorInfo, QString("Plugin OK."));
+
+        // Unloaded containers hand out nothing; the records keep the rest.
+        m_app->UnloadPlugins();
+        QCOMPARE(describe(), QStringList({"libtc_image_a.dylib 3 [] []",
+                                          "libtc_adjustments.dylib 3 [] "
+                                          "[adjustments.invert,adjustments.grey]",
+                                          "libtc_empty.dylib 2 [] []", "libgone.dylib 7 [] []"}));
     }
 
     void fullUnloadGoesInReverse()

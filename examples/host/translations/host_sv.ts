@@ -119,12 +119,40 @@
         <source>Could not export %1: %2</source>
         <translation>Kunde inte exportera %1: %2</translation>
     </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hjälp</translation>
+    </message>
+    <message>
+        <source>&amp;Plug-ins...</source>
+        <translation>&amp;Insticksprogram...</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>Loading %1...</source>
         <translation>Läser in %1...</translation>
+    </message>
+    <message>
+        <source>Pelkaro</source>
+        <translation>Pelkaro</translation>
+    </message>
+    <message>
+        <source>Pelkaro closed unexpectedly while it loaded the plug-in "%1" at its last start.</source>
+        <translation>Pelkaro avslutades oväntat medan det läste in insticksprogrammet ”%1” vid förra starten.</translation>
+    </message>
+    <message>
+        <source>Start without it? It stays left out until you take it back under Help &gt; Plug-ins.</source>
+        <translation>Starta utan det? Det utelämnas tills du tar tillbaka det under Hjälp &gt; Insticksprogram.</translation>
+    </message>
+    <message>
+        <source>Start Without It</source>
+        <translation>Starta utan det</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Försök igen</translation>
     </message>
 </context>
 <context>
@@ -163,6 +191,101 @@
     <message>
         <source>Portuguese</source>
         <translation>Portugisiska</translation>
+    </message>
+</context>
+<context>
+    <name>PluginsDialog</name>
+    <message>
+        <source>Image formats</source>
+        <translation>Bildformat</translation>
+    </message>
+    <message>
+        <source>Image group</source>
+        <translation>Bildgrupp</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Justering</translation>
+    </message>
+    <message>
+        <source>Brush</source>
+        <translation>Pensel</translation>
+    </message>
+    <message>
+        <source>Brush factory</source>
+        <translation>Penselfabrik</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Verktyg</translation>
+    </message>
+    <message>
+        <source>Undefined symbol</source>
+        <translation>Odefinierad symbol</translation>
+    </message>
+    <message>
+        <source>Skipped: it crashed Pelkaro while it loaded</source>
+        <translation>Utelämnat: Pelkaro kraschade när det lästes in</translation>
+    </message>
+    <message>
+        <source>Loaded in %1 ms</source>
+        <translation>Inläst på %1 ms</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Saknas</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Misslyckades</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fel</translation>
+    </message>
+    <message>
+        <source>Left out in safe mode</source>
+        <translation>Utelämnat i felsäkert läge</translation>
+    </message>
+    <message>
+        <source>Plug-ins</source>
+        <translation>Insticksprogram</translation>
+    </message>
+    <message>
+        <source>The last start ended while it loaded %1.</source>
+        <translation>Förra starten avslutades när %1 lästes in.</translation>
+    </message>
+    <message>
+        <source>Safe mode: only the plug-ins that ship with Pelkaro are loaded.</source>
+        <translation>Felsäkert läge: bara insticksprogrammen som följer med Pelkaro läses in.</translation>
+    </message>
+    <message>
+        <source>Plug-in files tried: %1.</source>
+        <translation>Försökta insticksfiler: %1.</translation>
+    </message>
+    <message>
+        <source>Plug-in</source>
+        <translation>Insticksprogram</translation>
+    </message>
+    <message>
+        <source>Status and contributions</source>
+        <translation>Status och bidrag</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <translation>Ta tillbaka</translation>
+    </message>
+    <message>
+        <source>Load the selected skipped plug-in again at the next start</source>
+        <translation>Läs in det valda utelämnade insticksprogrammet igen vid nästa start</translation>
+    </message>
+    <message>
+        <source>Copy as JSON</source>
+        <translation>Kopiera som JSON</translation>
+    </message>
+    <message>
+        <source>Taken back: it loads at the next start</source>
+        <translation>Tillbakataget: läses in vid nästa start</translation>
     </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 //   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
 //   KV_KIND_EMPTY           no plug-in objects
 //   KV_KIND_MISSING_SYMBOL  calls a function that no library defines
+//   KV_KIND_ABORT           aborts the process in Initialize(), as a crashing plug-in would
 // Every kind logs the calls it receives to TestCallLog.
 
 #include "TestCallLog.h"
@@ -19,8 +20,11 @@
 
 #include <QPointer>
 
+#include <cstdlib>
+
 #if defined(KV_KIND_MISSING_SYMBOL)
-extern "C" void kv_missing_function();
+// A C++ name, so that the loader's error names it mangled: _Z13MissingHelperv.
+void MissingHelper();
 #endif
 
 namespace {
@@ -101,7 +105,9 @@ public:
     {
         Record(QStringLiteral("Initialize"));
 #if defined(KV_KIND_MISSING_SYMBOL)
-        kv_missing_function();
+        MissingHelper();
+#elif defined(KV_KIND_ABORT)
+        std::abort();
 #endif
         if (!m_plugins.isEmpty())
             return;
