@@ -48,6 +48,7 @@ private:
     KVAdjustmentManager();
     ~KVAdjustmentManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

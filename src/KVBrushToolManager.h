@@ -57,6 +57,7 @@ private:
     KVBrushToolManager();
     ~KVBrushToolManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

@@ -47,6 +47,7 @@ private:
     KVCMSManager();
     ~KVCMSManager() override;
 
+    friend class KVSingleton; // makes the instance
     class Private;
     Private* d;
 };

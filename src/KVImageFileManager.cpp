@@ -1,6 +1,7 @@
 #include "KVImageFileManager.h"
 
 #include "private/KVImageFileManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVImageFileManager::KVImageFileManager()
     : d(new Private(this))
@@ -13,8 +14,7 @@ KVImageFileManager::~KVImageFileManager()
 
 void KVImageFileManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVImageFileManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVImageFileManager* KVImageFileManager::GetInstance()
@@ -24,8 +24,7 @@ KVImageFileManager* KVImageFileManager::GetInstance()
 
 void KVImageFileManager::ReleaseInstance()
 {
-    delete Private::m_pInstance;
-    Private::m_pInstance = nullptr;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 QString KVImageFileManager::GetAllGroupUID()

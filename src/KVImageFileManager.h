@@ -137,6 +137,7 @@ private:
     KVImageFileManager();
     ~KVImageFileManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

@@ -1,6 +1,7 @@
 #include "KVMenuManager.h"
 
 #include "private/KVMenuManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVMenuManager::KVMenuManager()
     : d(new Private(this))
@@ -13,8 +14,7 @@ KVMenuManager::~KVMenuManager()
 
 void KVMenuManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVMenuManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVMenuManager* KVMenuManager::GetInstance()
@@ -22,13 +22,9 @@ KVMenuManager* KVMenuManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by destroyed() signals meanwhile
-// finds no half-destroyed instance.
 void KVMenuManager::ReleaseInstance()
 {
-    KVMenuManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 QMenu* KVMenuManager::CreateMenu(MenuRole role, const QString& title)

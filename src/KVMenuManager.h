@@ -75,6 +75,7 @@ private:
     KVMenuManager();
     ~KVMenuManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

@@ -102,6 +102,7 @@ private:
     KVRecentManager();
     ~KVRecentManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

@@ -1,5 +1,6 @@
 #include "KVToolBarManager.h"
 
+#include "private/KVSingleton_p.h"
 #include "private/KVToolBarManager_p.h"
 
 KVToolBarManager::KVToolBarManager()
@@ -13,8 +14,7 @@ KVToolBarManager::~KVToolBarManager()
 
 void KVToolBarManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVToolBarManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVToolBarManager* KVToolBarManager::GetInstance()
@@ -22,13 +22,9 @@ KVToolBarManager* KVToolBarManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by the contents' destroyed()
-// signals finds no half-destroyed instance.
 void KVToolBarManager::ReleaseInstance()
 {
-    KVToolBarManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVToolBarManager::Add(QWidget* widget, const QString& uid)

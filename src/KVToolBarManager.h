@@ -62,6 +62,7 @@ private:
     KVToolBarManager();
     ~KVToolBarManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

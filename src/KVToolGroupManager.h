@@ -58,6 +58,7 @@ private:
     KVToolGroupManager();
     ~KVToolGroupManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

@@ -1,5 +1,6 @@
 #include "KVToolWidgetManager.h"
 
+#include "private/KVSingleton_p.h"
 #include "private/KVToolWidgetManager_p.h"
 
 KVToolWidgetManager::KVToolWidgetManager()
@@ -13,8 +14,7 @@ KVToolWidgetManager::~KVToolWidgetManager()
 
 void KVToolWidgetManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVToolWidgetManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVToolWidgetManager* KVToolWidgetManager::GetInstance()
@@ -22,13 +22,9 @@ KVToolWidgetManager* KVToolWidgetManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by the contents' destroyed()
-// signals finds no half-destroyed instance.
 void KVToolWidgetManager::ReleaseInstance()
 {
-    KVToolWidgetManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVToolWidgetManager::Add(QWidget* widget, const QString& uid)

@@ -61,6 +61,7 @@ private:
     KVToolWidgetManager();
     ~KVToolWidgetManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
     Private* d;
 };

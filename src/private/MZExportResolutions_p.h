@@ -5,8 +5,7 @@
 
 // Entries are stored as "<width>x<height>" in the group "Resolutions" and
 // ordered by width alone.
-class MZExportResolutions::Private
-    : public KVPresetList<MZExportResolutions::Private, MZExportResolutions, QSize>
+class MZExportResolutions::Private : public KVPresetList<MZExportResolutions::Private, QSize>
 {
 public:
     explicit Private(MZExportResolutions* owner)
@@ -26,7 +25,7 @@ public:
     static MZExportResolutions* m_pInstance;
 
 private:
-    friend class KVPresetList<Private, MZExportResolutions, QSize>;
+    friend class KVPresetList<Private, QSize>;
 
     static constexpr const char* kGroup = "Resolutions";
     static constexpr const char* kDefaults = ":/ExportAndShareResolution.ini";
