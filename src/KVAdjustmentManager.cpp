@@ -8,10 +8,7 @@ KVAdjustmentManager::KVAdjustmentManager()
     : d(new Private(this))
 {}
 
-KVAdjustmentManager::~KVAdjustmentManager()
-{
-    delete d;
-}
+KVAdjustmentManager::~KVAdjustmentManager() = default;
 
 void KVAdjustmentManager::InitInstance()
 {

@@ -7,6 +7,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The process-wide registry of adjustments: plug-in libraries register their
 /// KVAdjustment objects under their identifiers, menus and panels list them.
 /// Any thread may call it; its signals come after its lock is released, on the
@@ -50,5 +52,5 @@ private:
 
     friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -10,10 +10,7 @@ KVBrushToolManager::KVBrushToolManager()
     d->q = this;
 }
 
-KVBrushToolManager::~KVBrushToolManager()
-{
-    delete d;
-}
+KVBrushToolManager::~KVBrushToolManager() = default;
 
 void KVBrushToolManager::InitInstance()
 {

@@ -7,10 +7,7 @@ KVCMSManager::KVCMSManager()
     : d(new Private(this))
 {}
 
-KVCMSManager::~KVCMSManager()
-{
-    delete d;
-}
+KVCMSManager::~KVCMSManager() = default;
 
 void KVCMSManager::InitInstance(const QString& folder)
 {

@@ -7,10 +7,7 @@ KVImageFileManager::KVImageFileManager()
     : d(new Private(this))
 {}
 
-KVImageFileManager::~KVImageFileManager()
-{
-    delete d;
-}
+KVImageFileManager::~KVImageFileManager() = default;
 
 void KVImageFileManager::InitInstance()
 {

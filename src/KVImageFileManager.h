@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class KVImageFilePlugin;
 class KVImageFileReader;
 class KVImageFileWriter;
@@ -139,5 +141,5 @@ private:
 
     friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -7,10 +7,7 @@ KVMenuManager::KVMenuManager()
     : d(new Private(this))
 {}
 
-KVMenuManager::~KVMenuManager()
-{
-    delete d;
-}
+KVMenuManager::~KVMenuManager() = default;
 
 void KVMenuManager::InitInstance()
 {

@@ -7,10 +7,7 @@ KVRecentManager::KVRecentManager()
     : d(new Private(this))
 {}
 
-KVRecentManager::~KVRecentManager()
-{
-    delete d;
-}
+KVRecentManager::~KVRecentManager() = default;
 
 void KVRecentManager::InitInstance()
 {

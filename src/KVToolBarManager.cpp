@@ -7,10 +7,7 @@ KVToolBarManager::KVToolBarManager()
     : d(new Private(this))
 {}
 
-KVToolBarManager::~KVToolBarManager()
-{
-    delete d;
-}
+KVToolBarManager::~KVToolBarManager() = default;
 
 void KVToolBarManager::InitInstance()
 {

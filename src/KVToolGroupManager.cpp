@@ -8,10 +8,7 @@ KVToolGroupManager::KVToolGroupManager()
     : d(new Private(this))
 {}
 
-KVToolGroupManager::~KVToolGroupManager()
-{
-    delete d;
-}
+KVToolGroupManager::~KVToolGroupManager() = default;
 
 void KVToolGroupManager::InitInstance()
 {

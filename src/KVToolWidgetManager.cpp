@@ -7,10 +7,7 @@ KVToolWidgetManager::KVToolWidgetManager()
     : d(new Private(this))
 {}
 
-KVToolWidgetManager::~KVToolWidgetManager()
-{
-    delete d;
-}
+KVToolWidgetManager::~KVToolWidgetManager() = default;
 
 void KVToolWidgetManager::InitInstance()
 {

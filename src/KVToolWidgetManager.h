@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class QWidget;
 
 /// The shared tool panel area of the main window. Each tool may contribute a
@@ -63,5 +65,5 @@ private:
 
     friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -12,7 +12,7 @@ public:
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     // Spaces are ignored; anything other than two decimal numbers from 1 to
     // 10000 joined by a lower-case x gives QSize(-1, -1). The text comes from
