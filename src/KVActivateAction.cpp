@@ -7,10 +7,7 @@ KVActivateAction::KVActivateAction(QObject* parent)
     , d(new Private(this))
 {}
 
-KVActivateAction::~KVActivateAction()
-{
-    delete d;
-}
+KVActivateAction::~KVActivateAction() = default;
 
 bool KVActivateAction::IsChecked() const
 {

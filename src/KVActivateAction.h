@@ -4,6 +4,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// A tool's switch with two independent states: the explicit one, which the
 /// user chose (the selected tool), and the implicit one, which says whether
 /// the tool is in effect right now (a temporary tool is implicitly on while
@@ -50,5 +52,5 @@ Q_SIGNALS:
 
 private:
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -2,20 +2,17 @@
 
 #include "private/KVAdjustmentManager_p.h"
 #include "private/KVLog.h"
+#include "private/KVSingleton_p.h"
 
 KVAdjustmentManager::KVAdjustmentManager()
     : d(new Private(this))
 {}
 
-KVAdjustmentManager::~KVAdjustmentManager()
-{
-    delete d;
-}
+KVAdjustmentManager::~KVAdjustmentManager() = default;
 
 void KVAdjustmentManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVAdjustmentManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVAdjustmentManager* KVAdjustmentManager::GetInstance()
@@ -25,8 +22,7 @@ KVAdjustmentManager* KVAdjustmentManager::GetInstance()
 
 void KVAdjustmentManager::ReleaseInstance()
 {
-    delete Private::m_pInstance;
-    Private::m_pInstance = nullptr;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVAdjustmentManager::Register(KVAdjustment* adjustment)

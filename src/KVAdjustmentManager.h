@@ -7,6 +7,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The process-wide registry of adjustments: plug-in libraries register their
 /// KVAdjustment objects under their identifiers, menus and panels list them.
 /// Any thread may call it; its signals come after its lock is released, on the
@@ -48,6 +50,7 @@ private:
     KVAdjustmentManager();
     ~KVAdjustmentManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -61,14 +61,10 @@ QString ReadPath(KVApplication::UseDataRole role)
 KVApplication::KVApplication(int& argc, char** argv)
     : QApplication(argc, argv, ApplicationFlags)
 {
-    d = new Private(this);
+    d.reset(new Private(this));
 }
 
-KVApplication::~KVApplication()
-{
-    delete d;
-    d = nullptr;
-}
+KVApplication::~KVApplication() = default;
 
 KVApplication* KVApplication::GetInstance()
 {

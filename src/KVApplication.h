@@ -8,6 +8,7 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
 #include <vector>
 
 class IBrushFactory;
@@ -463,7 +464,7 @@ Q_SIGNALS:
 
 private:
     class Private;
-    Private* d = nullptr;
+    std::unique_ptr<Private> d;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(KVApplication::PluginsLoadTypes)

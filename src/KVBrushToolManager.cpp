@@ -2,6 +2,7 @@
 
 #include "private/KVBrushToolManager_p.h"
 #include "private/KVLog.h"
+#include "private/KVSingleton_p.h"
 
 KVBrushToolManager::KVBrushToolManager()
     : d(new Private)
@@ -9,15 +10,11 @@ KVBrushToolManager::KVBrushToolManager()
     d->q = this;
 }
 
-KVBrushToolManager::~KVBrushToolManager()
-{
-    delete d;
-}
+KVBrushToolManager::~KVBrushToolManager() = default;
 
 void KVBrushToolManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVBrushToolManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVBrushToolManager* KVBrushToolManager::GetInstance()
@@ -27,8 +24,7 @@ KVBrushToolManager* KVBrushToolManager::GetInstance()
 
 void KVBrushToolManager::ReleaseInstance()
 {
-    delete Private::m_pInstance;
-    Private::m_pInstance = nullptr;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVBrushToolManager::Register(KVBrushPlugin* plugin)

@@ -7,6 +7,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The process-wide registry of brush plug-ins, under their UIDs, and the one
 /// main brush plug-in, forgotten when it is destroyed. Registration may come
 /// from any thread; its signals come after its lock is released, on the
@@ -57,6 +59,7 @@ private:
     KVBrushToolManager();
     ~KVBrushToolManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -1,24 +1,20 @@
 #include "KVCMSManager.h"
 
 #include "private/KVCMSManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVCMSManager::KVCMSManager()
     : d(new Private(this))
 {}
 
-KVCMSManager::~KVCMSManager()
-{
-    delete d;
-}
+KVCMSManager::~KVCMSManager() = default;
 
 void KVCMSManager::InitInstance(const QString& folder)
 {
-    if (Private::m_pInstance)
-        return;
     // Stored before loading: the list is filled under the lock, so callers
     // that find the instance early wait for it.
-    Private::m_pInstance = new KVCMSManager;
-    Private::m_pInstance->d->Load(folder);
+    if (KVSingleton::Init(Private::m_pInstance))
+        Private::m_pInstance->d->Load(folder);
 }
 
 KVCMSManager* KVCMSManager::GetInstance()
@@ -26,10 +22,12 @@ KVCMSManager* KVCMSManager::GetInstance()
     return Private::m_pInstance;
 }
 
+// Unlike the other managers, which clear the pointer before deleting
+// (KVSingleton::Release), this one deliberately leaves it as it is: the
+// manager is released once, at shutdown, and neither GetInstance() nor
+// InitInstance() may be called afterwards, nor from a slot on its destroyed().
 void KVCMSManager::ReleaseInstance()
 {
-    // The pointer is deliberately left as it is: this runs once at shutdown
-    // and nothing may reach the manager afterwards.
     delete Private::m_pInstance;
 }
 

@@ -7,6 +7,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The RGB colour profiles (ICC) found in one folder, and the index of the
 /// working RGB profile among them. The list is read once, when the manager is
 /// created, and never changes afterwards. Any thread may call the accessors;
@@ -47,6 +49,7 @@ private:
     KVCMSManager();
     ~KVCMSManager() override;
 
+    friend class KVSingleton; // makes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -21,7 +21,6 @@ KVFileBookmark::KVFileBookmark(const KVFileBookmark& other)
 KVFileBookmark::~KVFileBookmark()
 {
     Release();
-    delete d;
 }
 
 KVFileBookmark& KVFileBookmark::operator=(const KVFileBookmark& other)

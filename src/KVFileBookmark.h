@@ -4,6 +4,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class KVFileBookmarkPrivate;
 
 /// Holds access to one file, chosen by the user, for as long as it lives: in
@@ -37,5 +39,5 @@ public:
     static void AddBookmark(const QString& path);
 
 private:
-    KVFileBookmarkPrivate* d;
+    std::unique_ptr<KVFileBookmarkPrivate> d;
 };

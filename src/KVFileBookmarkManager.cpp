@@ -10,10 +10,7 @@ KVFileBookmarkManager::KVFileBookmarkManager()
     : d(new Private)
 {}
 
-KVFileBookmarkManager::~KVFileBookmarkManager()
-{
-    delete d;
-}
+KVFileBookmarkManager::~KVFileBookmarkManager() = default;
 
 bool KVFileBookmarkManager::IsSandbox()
 {

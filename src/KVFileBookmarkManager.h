@@ -4,6 +4,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The process-wide bookkeeping behind KVFileBookmark: how many holders use
 /// each file, by absolute path, so that security-scoped access is started once
 /// and stopped with the last holder, and the store of bookmarks in the user
@@ -41,5 +43,5 @@ private:
     bool ReleaseSecurityBookmark(const QString& absolutePath);
 
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -1,20 +1,17 @@
 #include "KVImageFileManager.h"
 
 #include "private/KVImageFileManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVImageFileManager::KVImageFileManager()
     : d(new Private(this))
 {}
 
-KVImageFileManager::~KVImageFileManager()
-{
-    delete d;
-}
+KVImageFileManager::~KVImageFileManager() = default;
 
 void KVImageFileManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVImageFileManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVImageFileManager* KVImageFileManager::GetInstance()
@@ -24,8 +21,7 @@ KVImageFileManager* KVImageFileManager::GetInstance()
 
 void KVImageFileManager::ReleaseInstance()
 {
-    delete Private::m_pInstance;
-    Private::m_pInstance = nullptr;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 QString KVImageFileManager::GetAllGroupUID()

@@ -1,20 +1,17 @@
 #include "KVMenuManager.h"
 
 #include "private/KVMenuManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVMenuManager::KVMenuManager()
     : d(new Private(this))
 {}
 
-KVMenuManager::~KVMenuManager()
-{
-    delete d;
-}
+KVMenuManager::~KVMenuManager() = default;
 
 void KVMenuManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVMenuManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVMenuManager* KVMenuManager::GetInstance()
@@ -22,13 +19,9 @@ KVMenuManager* KVMenuManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by destroyed() signals meanwhile
-// finds no half-destroyed instance.
 void KVMenuManager::ReleaseInstance()
 {
-    KVMenuManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 QMenu* KVMenuManager::CreateMenu(MenuRole role, const QString& title)

@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -75,6 +77,7 @@ private:
     KVMenuManager();
     ~KVMenuManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -1,20 +1,17 @@
 #include "KVRecentManager.h"
 
 #include "private/KVRecentManager_p.h"
+#include "private/KVSingleton_p.h"
 
 KVRecentManager::KVRecentManager()
     : d(new Private(this))
 {}
 
-KVRecentManager::~KVRecentManager()
-{
-    delete d;
-}
+KVRecentManager::~KVRecentManager() = default;
 
 void KVRecentManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVRecentManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVRecentManager* KVRecentManager::GetInstance()
@@ -22,13 +19,9 @@ KVRecentManager* KVRecentManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that nothing reached from the destructor
-// or from destroyed() finds a half-destroyed instance.
 void KVRecentManager::ReleaseInstance()
 {
-    KVRecentManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 int KVRecentManager::GetFavoriteMaximumNumber()

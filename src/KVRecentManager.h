@@ -6,6 +6,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The user's favourite and recent files: two lists of paths, most recent
 /// first, each bounded by its own limit, plus item data (role -> value) that
 /// views attach to the paths pushed while the application runs. The lists and
@@ -102,6 +104,7 @@ private:
     KVRecentManager();
     ~KVRecentManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -1,20 +1,17 @@
 #include "KVToolBarManager.h"
 
+#include "private/KVSingleton_p.h"
 #include "private/KVToolBarManager_p.h"
 
 KVToolBarManager::KVToolBarManager()
     : d(new Private(this))
 {}
 
-KVToolBarManager::~KVToolBarManager()
-{
-    delete d;
-}
+KVToolBarManager::~KVToolBarManager() = default;
 
 void KVToolBarManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVToolBarManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVToolBarManager* KVToolBarManager::GetInstance()
@@ -22,13 +19,9 @@ KVToolBarManager* KVToolBarManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by the contents' destroyed()
-// signals finds no half-destroyed instance.
 void KVToolBarManager::ReleaseInstance()
 {
-    KVToolBarManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVToolBarManager::Add(QWidget* widget, const QString& uid)

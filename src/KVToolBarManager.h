@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class QWidget;
 
 /// The shared tool bar area of the main window. Each tool may contribute a
@@ -62,6 +64,7 @@ private:
     KVToolBarManager();
     ~KVToolBarManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

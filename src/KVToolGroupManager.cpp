@@ -1,21 +1,18 @@
 #include "KVToolGroupManager.h"
 
 #include "KVActivateAction.h"
+#include "private/KVSingleton_p.h"
 #include "private/KVToolGroupManager_p.h"
 
 KVToolGroupManager::KVToolGroupManager()
     : d(new Private(this))
 {}
 
-KVToolGroupManager::~KVToolGroupManager()
-{
-    delete d;
-}
+KVToolGroupManager::~KVToolGroupManager() = default;
 
 void KVToolGroupManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVToolGroupManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVToolGroupManager* KVToolGroupManager::GetInstance()
@@ -23,13 +20,9 @@ KVToolGroupManager* KVToolGroupManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by signals meanwhile finds no
-// half-destroyed instance.
 void KVToolGroupManager::ReleaseInstance()
 {
-    KVToolGroupManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 void KVToolGroupManager::Add(KVActivateAction* action)

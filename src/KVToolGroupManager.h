@@ -4,6 +4,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class KVActivateAction;
 
 /// Keeps the tool actions that are added to it exclusive: at most one of them
@@ -58,6 +60,7 @@ private:
     KVToolGroupManager();
     ~KVToolGroupManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -1,20 +1,17 @@
 #include "KVToolWidgetManager.h"
 
+#include "private/KVSingleton_p.h"
 #include "private/KVToolWidgetManager_p.h"
 
 KVToolWidgetManager::KVToolWidgetManager()
     : d(new Private(this))
 {}
 
-KVToolWidgetManager::~KVToolWidgetManager()
-{
-    delete d;
-}
+KVToolWidgetManager::~KVToolWidgetManager() = default;
 
 void KVToolWidgetManager::InitInstance()
 {
-    if (!Private::m_pInstance)
-        Private::m_pInstance = new KVToolWidgetManager;
+    KVSingleton::Init(Private::m_pInstance);
 }
 
 KVToolWidgetManager* KVToolWidgetManager::GetInstance()
@@ -22,13 +19,9 @@ KVToolWidgetManager* KVToolWidgetManager::GetInstance()
     return Private::m_pInstance;
 }
 
-// Cleared before the deletion so that code run by the contents' destroyed()
-// signals finds no half-destroyed instance.
 void KVToolWidgetManager::ReleaseInstance()
 {
-    KVToolWidgetManager* instance = Private::m_pInstance;
-    Private::m_pInstance = nullptr;
-    delete instance;
+    KVSingleton::Release(Private::m_pInstance);
 }
 
 bool KVToolWidgetManager::Add(QWidget* widget, const QString& uid)

@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 class QWidget;
 
 /// The shared tool panel area of the main window. Each tool may contribute a
@@ -61,6 +63,7 @@ private:
     KVToolWidgetManager();
     ~KVToolWidgetManager() override;
 
+    friend class KVSingleton; // makes and deletes the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

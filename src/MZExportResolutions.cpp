@@ -6,10 +6,7 @@ MZExportResolutions::MZExportResolutions()
     : d(new Private(this))
 {}
 
-MZExportResolutions::~MZExportResolutions()
-{
-    delete d;
-}
+MZExportResolutions::~MZExportResolutions() = default;
 
 MZExportResolutions* MZExportResolutions::GetInstance()
 {

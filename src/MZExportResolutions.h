@@ -6,6 +6,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The user's export resolution presets (width x height), kept in width order
 /// by Add(size), saved to exportandshareresolution.ini after every change and
 /// seeded from the application's ":/ExportAndShareResolution.ini" on first use.
@@ -54,5 +56,5 @@ Q_SIGNALS:
 private:
     friend class KVApplication; // starts, loads and releases the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

@@ -6,10 +6,7 @@ MZExportSizes::MZExportSizes()
     : d(new Private(this))
 {}
 
-MZExportSizes::~MZExportSizes()
-{
-    delete d;
-}
+MZExportSizes::~MZExportSizes() = default;
 
 MZExportSizes* MZExportSizes::GetInstance()
 {

@@ -5,6 +5,8 @@
 
 #include "kvcore_export.h"
 
+#include <memory>
+
 /// The user's export file-size presets, kept in ascending order by Add(size),
 /// saved to exportandsharesize.ini after every change and seeded from the
 /// application's ":/ExportAndShareSize.ini" on first use. The application
@@ -56,5 +58,5 @@ Q_SIGNALS:
 private:
     friend class KVApplication; // starts, loads and releases the instance
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

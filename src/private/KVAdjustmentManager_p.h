@@ -10,7 +10,7 @@ public:
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     KVAdjustmentManager* q;
     KVRegistry<KVAdjustment> m_registry;

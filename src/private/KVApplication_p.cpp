@@ -110,7 +110,7 @@ KVApplication::Private::~Private()
 KVApplication::Private* KVApplication::Private::Instance()
 {
     KVApplication* app = KVApplication::GetInstance();
-    return app ? app->d : nullptr;
+    return app ? app->d.get() : nullptr;
 }
 
 void KVApplication::Private::MakeFolderStructure(const QString& path)

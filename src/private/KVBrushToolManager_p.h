@@ -6,7 +6,7 @@
 class KVBrushToolManager::Private
 {
 public:
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     KVBrushToolManager* q = nullptr;
     KVRegistry<KVBrushPlugin> m_registry;

@@ -102,7 +102,7 @@ KVImageFileManager::Private::~Private()
 
 KVImageFileManager::Private* KVImageFileManager::Private::Instance()
 {
-    return m_pInstance ? m_pInstance->d : nullptr;
+    return m_pInstance ? m_pInstance->d.get() : nullptr;
 }
 
 bool KVImageFileManager::Private::Register(KVImageFilePlugin* plugin)

@@ -22,7 +22,7 @@ public:
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     QMenu* InsertMenu(MenuRole role, const QString& title);
     void InsertMenu(MenuRole role, QMenu* menu);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KVSettingsFile_p.h"
+#include "KVSingleton_p.h"
 
 #include <QList>
 #include <QSettings>
@@ -28,20 +29,12 @@
 //   IsValid(value)             whether a value read from a file is kept
 //   ToSetting(value), FromSetting(setting)
 //                              a value as the file stores it, and back
-template <typename Private, typename Public, typename Value> class KVPresetList
+template <typename Private, typename Value> class KVPresetList
 {
 public:
-    static void InitInstance()
-    {
-        if (!Private::m_pInstance)
-            Private::m_pInstance = new Public;
-    }
+    static void InitInstance() { KVSingleton::Init(Private::m_pInstance); }
 
-    static void ReleaseInstance()
-    {
-        delete Private::m_pInstance;
-        Private::m_pInstance = nullptr;
-    }
+    static void ReleaseInstance() { KVSingleton::Release(Private::m_pInstance); }
 
     static void Load(const QString& fileName)
     {

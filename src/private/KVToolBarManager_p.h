@@ -11,7 +11,7 @@ public:
         : KVToolContent(owner, FocusOnHide::Clear)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     static KVToolBarManager* m_pInstance;
 };

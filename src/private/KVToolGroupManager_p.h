@@ -11,7 +11,7 @@ public:
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     void Add(KVActivateAction* action);
     void Remove(KVActivateAction* action);

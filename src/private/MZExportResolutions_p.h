@@ -5,15 +5,14 @@
 
 // Entries are stored as "<width>x<height>" in the group "Resolutions" and
 // ordered by width alone.
-class MZExportResolutions::Private
-    : public KVPresetList<MZExportResolutions::Private, MZExportResolutions, QSize>
+class MZExportResolutions::Private : public KVPresetList<MZExportResolutions::Private, QSize>
 {
 public:
     explicit Private(MZExportResolutions* owner)
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     // Spaces are ignored; anything other than two decimal numbers from 1 to
     // 10000 joined by a lower-case x gives QSize(-1, -1). The text comes from
@@ -26,7 +25,7 @@ public:
     static MZExportResolutions* m_pInstance;
 
 private:
-    friend class KVPresetList<Private, MZExportResolutions, QSize>;
+    friend class KVPresetList<Private, QSize>;
 
     static constexpr const char* kGroup = "Resolutions";
     static constexpr const char* kDefaults = ":/ExportAndShareResolution.ini";

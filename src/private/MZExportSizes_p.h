@@ -4,21 +4,21 @@
 #include "MZExportSizes.h"
 
 // Entries are stored as plain decimal numbers in the group "Sizes".
-class MZExportSizes::Private : public KVPresetList<MZExportSizes::Private, MZExportSizes, long long>
+class MZExportSizes::Private : public KVPresetList<MZExportSizes::Private, long long>
 {
 public:
     explicit Private(MZExportSizes* owner)
         : q(owner)
     {}
 
-    static Private* Instance() { return m_pInstance ? m_pInstance->d : nullptr; }
+    static Private* Instance() { return m_pInstance ? m_pInstance->d.get() : nullptr; }
 
     MZExportSizes* q;
 
     static MZExportSizes* m_pInstance;
 
 private:
-    friend class KVPresetList<Private, MZExportSizes, long long>;
+    friend class KVPresetList<Private, long long>;
 
     static constexpr const char* kGroup = "Sizes";
     static constexpr const char* kDefaults = ":/ExportAndShareSize.ini";
