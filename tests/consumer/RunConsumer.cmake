@@ -25,7 +25,7 @@ file(MAKE_DIRECTORY ${WORK_DIR}/home)
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 foreach(file lib/libcore.so.2 lib/libcore.so.2.4.0 lib/libplugincore.so.2 lib/libimage.so.2
              lib/libutils.so.2 include/Pelkaro/KVApplication.h include/Pelkaro/kvcore_export.h
-             lib/cmake/PelkaroCore/PelkaroCoreConfig.cmake)
+             include/Pelkaro/kvcore_version.h lib/cmake/PelkaroCore/PelkaroCoreConfig.cmake)
     if(NOT EXISTS ${prefix}/${file})
         message(FATAL_ERROR "not installed: ${file}")
     endif()
