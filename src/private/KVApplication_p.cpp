@@ -125,7 +125,7 @@ void KVApplication::Private::MakeFolderStructure(const QString& path)
 QVariant KVApplication::Private::GetUserValue(const QString& key,
                                               const QVariant& defaultValue) const
 {
-    const QVariant value = ReadValue(m_userSettings, key, defaultValue);
+    QVariant value = ReadValue(m_userSettings, key, defaultValue);
     if (key != kLanguageKey)
         return value;
     // Codes are stored with their region (en_US); the editor knows languages only.
