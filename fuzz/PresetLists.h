@@ -9,7 +9,8 @@
 namespace KVFuzzPresets {
 
 // The user's folder that holds the preset files, relative to the scratch
-// folder (the fuzz targets' HOME); made with the first call.
+// folder (the fuzz targets' HOME). The first call makes it and prepares the
+// process for application objects.
 QString UserFolder();
 
 // Checks what an application object made now loads, then makes each list
