@@ -1,8 +1,8 @@
 # pelkaro_add_plugin(<target> BASE_NAME <base name> [VERSION <version>] SOURCES <sources...>)
 #
 # Builds a plug-in library that the editor loads: a MODULE library named
-# "<base name>.<version>.dylib" on every platform (VERSION defaults to 2), for
-# example libadjustments.2.dylib. The loader takes a file by its base name,
+# "<base name>.<version>.dylib" on every platform (VERSION defaults to the
+# library's major version, 2 for every 2.x), for example libadjustments.2.dylib. The loader takes a file by its base name,
 # the part before the first dot, so name it after its family: libimageio,
 # libadjustments, libfilter, libbasictools or libgeneraltools in the general
 # plug-in folder; in the brush folder any name will do. The target links
@@ -21,6 +21,16 @@
 #     };
 #
 # without which the loader rejects the file as "Is not an Pelkaro's plugin.".
+
+# The default VERSION: the major version of the PelkaroCore project that
+# includes this file, or of the package found by find_package(PelkaroCore),
+# which sets PelkaroCore_VERSION_MAJOR before it loads the package's files.
+if(NOT PelkaroCore_VERSION_MAJOR)
+    message(FATAL_ERROR "PelkaroPlugin.cmake: PelkaroCore_VERSION_MAJOR is not set; "
+        "use find_package(PelkaroCore)")
+endif()
+set_property(GLOBAL PROPERTY PELKARO_PLUGIN_DEFAULT_VERSION ${PelkaroCore_VERSION_MAJOR})
+
 function(pelkaro_add_plugin target)
     cmake_parse_arguments(ARG "" "BASE_NAME;VERSION" "SOURCES" ${ARGN})
     if(NOT ARG_BASE_NAME)
@@ -34,7 +44,7 @@ function(pelkaro_add_plugin target)
             "dot, but the loader compares the name up to the first dot")
     endif()
     if(NOT DEFINED ARG_VERSION)
-        set(ARG_VERSION 2)
+        get_property(ARG_VERSION GLOBAL PROPERTY PELKARO_PLUGIN_DEFAULT_VERSION)
     endif()
 
     add_library(${target} MODULE ${ARG_SOURCES})

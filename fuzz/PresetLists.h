@@ -1,31 +1,21 @@
 #pragma once
 
-#include "private/MZExportResolutions_p.h"
-#include "private/MZExportSizes_p.h"
+#include <QList>
+#include <QSize>
+#include <QString>
 
-// The preset lists let one class start, load, write and release them: the
-// application object. The targets that drive the lists build their sources
-// without the rest of the library, and this stand-in takes its place.
-class KVApplication
-{
-public:
-    template <typename List> static void Load(const QString& file)
-    {
-        List::Private::InitInstance();
-        List::Private::Load(file);
-    }
+// The export preset lists as the editor has them: read from the user's files
+// when the application object starts, written after every change.
+namespace KVFuzzPresets {
 
-    template <typename List> static void Sync() { List::Private::Instance()->Sync(); }
+// The user's folder that holds the preset files, relative to the scratch
+// folder (the fuzz targets' HOME). The first call makes it and prepares the
+// process for application objects.
+QString UserFolder();
 
-    template <typename List> static void Release() { List::Private::ReleaseInstance(); }
+// Checks what an application object made now loads, then makes each list
+// write itself back (an entry added and removed again) and checks that the
+// next application object reads the same lists. The resolutions loaded.
+QList<QSize> LoadWriteReload();
 
-    static QSize SizeFromString(const QString& text)
-    {
-        return MZExportResolutions::Private::SizeFromString(text);
-    }
-
-    static QString SizeToString(const QSize& size)
-    {
-        return MZExportResolutions::Private::SizeToString(size);
-    }
-};
+} // namespace KVFuzzPresets

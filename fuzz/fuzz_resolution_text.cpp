@@ -1,23 +1,31 @@
-// The resolution parser over any text: either both sides lie from 1 to
-// 10000, or the answer is QSize(-1, -1); a size read back from its own text
-// is the same size.
+// The resolution parser over any text, as an entry of the resolutions file:
+// either both sides lie from 1 to 10000 and the entry is kept, or it is
+// dropped; a resolution read back from the text that the list writes for it
+// is the same resolution.
 
 #include "FuzzSupport.h"
-
 #include "PresetLists.h"
 
-using Resolutions = KVApplication;
+#include <QSettings>
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    KVFuzzPresets::UserFolder();
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), int(size));
-    const QSize parsed = Resolutions::SizeFromString(text);
-    if (parsed == QSize(-1, -1))
-        return 0;
-    const auto inRange = [](int side) { return side >= 1 && side <= 10000; };
-    KVFuzz::Check(inRange(parsed.width()) && inRange(parsed.height()),
-                  "a parsed resolution lies within 1 to 10000");
-    KVFuzz::Check(Resolutions::SizeFromString(Resolutions::SizeToString(parsed)) == parsed,
-                  "a resolution reads back from its own text");
+    const QString file = KVFuzz::ScratchFolder() + '/' + KVFuzzPresets::UserFolder() +
+                         "/exportandshareresolution.ini";
+    {
+        QSettings settings(file, QSettings::IniFormat);
+        settings.clear();
+        settings.setValue("Version", "2.3.0");
+        settings.setValue("Resolutions/0",
+                          QString::fromUtf8(reinterpret_cast<const char*>(data), int(size)));
+    }
+    KVFuzz::Check(KVFuzzPresets::LoadWriteReload().size() <= 1,
+                  "one entry reads as one resolution at most");
     return 0;
 }

@@ -49,7 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QByteArray input(reinterpret_cast<const char*>(data), int(size));
     const QByteArray repaired = KVSettingsCheck::Repaired(input);
-    KVFuzz::Check(KVSettingsCheck::Repaired(repaired) == repaired, "a second repair changes nothing");
+    KVFuzz::Check(KVSettingsCheck::Repaired(repaired) == repaired,
+                  "a second repair changes nothing");
     KVFuzz::Check(OnlyValuesChanged(input, repaired), "only damaged values change");
 
     const KVFuzz::InputFile file("repaired.ini", reinterpret_cast<const uint8_t*>(repaired.data()),

@@ -38,7 +38,7 @@ scripts/setup.sh
 build=build-fuzz
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG="-g -O1" \
     -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
-    -DPELKARO_FUZZ=ON -DPELKARO_BUILD_TESTS=OFF
+    -DPELKARO_BUILD_FUZZERS=ON -DPELKARO_BUILD_TESTS=OFF -DPELKARO_BUILD_EXAMPLES=OFF
 cmake --build "$build" --parallel "$(nproc)" --target kvfuzz
 
 # An allocation that cannot be made fails as it does outside the sanitizer

@@ -10,7 +10,7 @@
 
 namespace {
 // Larger than any real profile; keeps a stray file from being read whole.
-constexpr qint64 kMaxProfileSize = 64 * 1024 * 1024;
+constexpr qint64 kMaxProfileSize = qint64(64) * 1024 * 1024;
 // The fixed ICC header; anything shorter cannot be a profile.
 constexpr qint64 kHeaderSize = 128;
 

@@ -10,6 +10,9 @@
 class KVUTILS_EXPORT KVPixelRatioRound
 {
 public:
+    /// Not made: every member is static.
+    KVPixelRatioRound() = delete;
+
     /// Sets the ratio of device to logical pixels; a ratio of 0 or less is ignored.
     static void SetPixelRatio(qreal ratio);
     /// The ratio set last; 1.0 until one is set.
@@ -19,7 +22,4 @@ public:
     static int ToDevice(qreal logical);
     /// A device length in logical pixels.
     static qreal ToLogical(int device);
-
-private:
-    KVPixelRatioRound() = delete;
 };

@@ -3,6 +3,7 @@
 #include "KVLog.h"
 #include "MZExportResolutions_p.h"
 #include "MZExportSizes_p.h"
+#include "kvcore_version.h"
 
 #include <KVPixelRatioRound.h>
 
@@ -24,7 +25,8 @@ const QString KVApplication::Private::m_fr = QStringLiteral("fr");
 const QString KVApplication::Private::m_pt = QStringLiteral("pt");
 
 namespace {
-const QString kSettingsVersion = QStringLiteral("2.4.0");
+// The settings files' Version key: the library's version.
+const QString kSettingsVersion = QStringLiteral(PELKARO_VERSION_STRING);
 const QString kLanguageKey = QStringLiteral("Language/Index");
 
 QString UserPreferencesFolder()
@@ -123,7 +125,7 @@ void KVApplication::Private::MakeFolderStructure(const QString& path)
 QVariant KVApplication::Private::GetUserValue(const QString& key,
                                               const QVariant& defaultValue) const
 {
-    const QVariant value = ReadValue(m_userSettings, key, defaultValue);
+    QVariant value = ReadValue(m_userSettings, key, defaultValue);
     if (key != kLanguageKey)
         return value;
     // Codes are stored with their region (en_US); the editor knows languages only.

@@ -40,8 +40,9 @@ void Add(const QString& absolutePath);
 
 #if !defined(Q_OS_DARWIN)
 // How many times access to the file was started and not yet stopped; lets
-// tests see the balance that Foundation keeps to itself.
-KVCORE_EXPORT int ActiveAccessCount(const QString& absolutePath);
+// tests see the balance that Foundation keeps to itself (they link the
+// library's objects: the shared library does not export it).
+int ActiveAccessCount(const QString& absolutePath);
 #endif
 
 } // namespace KVBookmarkStore

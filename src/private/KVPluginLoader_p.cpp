@@ -5,6 +5,7 @@
 #include "KVImageFileManager.h"
 #include "KVLog.h"
 #include "KVSettingsFile_p.h"
+#include "kvcore_version.h"
 
 #include <IBrushFactory.h>
 #include <IPluginContainer.h>
@@ -26,18 +27,25 @@
 
 namespace {
 // Plug-in file names: versioned for the expected paths, bare for the scan.
-const QString kBasicTools = QStringLiteral("libbasictools.2");
+// The version part is the library's major version: a plug-in keeps loading
+// into every release of the same major version.
+QString Versioned(const QString& base)
+{
+    return base + QLatin1Char('.') + QString::number(PELKARO_VERSION_MAJOR);
+}
+
 const QString kBasicToolsBase = QStringLiteral("libbasictools");
-const QString kGeneralTools = QStringLiteral("libgeneraltools.2");
+const QString kBasicTools = Versioned(kBasicToolsBase);
 const QString kGeneralToolsBase = QStringLiteral("libgeneraltools");
-const QString kAdjustments = QStringLiteral("libadjustments.2");
+const QString kGeneralTools = Versioned(kGeneralToolsBase);
 const QString kAdjustmentsBase = QStringLiteral("libadjustments");
-const QString kFilters = QStringLiteral("libfilter.2");
+const QString kAdjustments = Versioned(kAdjustmentsBase);
 const QString kFiltersBase = QStringLiteral("libfilter");
-const QString kImageIO = QStringLiteral("libimageio.2");
+const QString kFilters = Versioned(kFiltersBase);
 const QString kImageIOBase = QStringLiteral("libimageio");
-const QString kBrushes = QStringLiteral("libbrushcontainer.2");
+const QString kImageIO = Versioned(kImageIOBase);
 const QString kBrushesBase = QStringLiteral("libbrushcontainer"); // the brush folder is taken whole
+const QString kBrushes = Versioned(kBrushesBase);
 const QString kPlugInSuffix = QStringLiteral("dylib");
 
 const QString kPluginOK = QStringLiteral("Plugin OK.");

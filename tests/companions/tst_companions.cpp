@@ -159,7 +159,6 @@ private Q_SLOTS:
         Container container;
         QObject* root = &container;
         QCOMPARE(qobject_cast<IPluginContainer*>(root), static_cast<IPluginContainer*>(&container));
-        QCOMPARE(QString(IPluginContainer_iid), QString("Pelkaro.PluginContainer/1.0"));
         QVERIFY(root->qt_metacast("Pelkaro.PluginContainer/1.0"));
     }
 };

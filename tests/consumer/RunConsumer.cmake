@@ -25,11 +25,17 @@ file(MAKE_DIRECTORY ${WORK_DIR}/home)
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 foreach(file lib/libcore.so.2 lib/libcore.so.2.4.0 lib/libplugincore.so.2 lib/libimage.so.2
              lib/libutils.so.2 include/Pelkaro/KVApplication.h include/Pelkaro/kvcore_export.h
-             lib/cmake/PelkaroCore/PelkaroCoreConfig.cmake)
+             include/Pelkaro/kvcore_version.h lib/cmake/PelkaroCore/PelkaroCoreConfig.cmake)
     if(NOT EXISTS ${prefix}/${file})
         message(FATAL_ERROR "not installed: ${file}")
     endif()
 endforeach()
+# Public headers only: no private header, no private folder.
+file(GLOB_RECURSE _private RELATIVE ${prefix} ${prefix}/include/*_p.h ${prefix}/include/*/private/*
+    ${prefix}/include/*/KVLog.h)
+if(_private)
+    message(FATAL_ERROR "private headers installed: ${_private}")
+endif()
 
 run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE} -B ${WORK_DIR}/build -G "${GENERATOR}"
     -DCMAKE_PREFIX_PATH=${prefix})

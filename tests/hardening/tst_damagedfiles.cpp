@@ -112,8 +112,7 @@ private Q_SLOTS:
         const QStringList categories = log.Categories();
         QCOMPARE(categories.count("default"), categories.size());
         QCOMPARE(log.StampedLines().filter("settings file"),
-                 QStringList{
-                     LogCapture::Expected("src/private/KVSettingsFile_p", logged)});
+                 QStringList{LogCapture::Expected("src/private/KVSettingsFile_p", logged)});
 
         KVApplication::SetPathExport("/exports");
         KVRecentManager::InitInstance();

@@ -24,7 +24,8 @@ QByteArray ReadFile(const QString& path)
 QByteArray PlainText(const QString& file, const QString& key)
 {
     QProcess child;
-    child.start(QStringLiteral(KV_PLAIN_SETTINGS), {file, QString::fromLatin1(key.toUtf8().toHex())});
+    child.start(QStringLiteral(KV_PLAIN_SETTINGS),
+                {file, QString::fromLatin1(key.toUtf8().toHex())});
     if (!child.waitForFinished(kChildTimeout)) {
         child.kill();
         child.waitForFinished();
