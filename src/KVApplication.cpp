@@ -61,7 +61,7 @@ QString ReadPath(KVApplication::UseDataRole role)
 KVApplication::KVApplication(int& argc, char** argv)
     : QApplication(argc, argv, ApplicationFlags)
 {
-    d.reset(new Private(this));
+    d = std::make_unique<Private>(this);
 }
 
 KVApplication::~KVApplication() = default;
