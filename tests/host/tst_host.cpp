@@ -15,8 +15,16 @@ namespace {
 struct Run
 {
     int exitCode = -1; // -1 as well for a crash
-    QStringList lines;
     QByteArray output;
+    QStringList lines;
+
+    QString Line(const QString& start) const
+    {
+        const QStringList found =
+            lines.filter(QRegularExpression("^" + QRegularExpression::escape(start)));
+        return found.value(0);
+    }
+    QJsonObject Json() const { return QJsonDocument::fromJson(output).object(); }
 };
 
 // Runs the bundle's host (under Xvfb when asked) with its own HOME.
@@ -27,9 +35,8 @@ Run RunHost(const QString& host, const QStringList& arguments, const QString& ho
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME", home);
     environment.insert("QT_QPA_PLATFORM", window ? "xcb" : "offscreen");
-    // The window needs no OpenGL: without the GLX integration Mesa's software
-    // renderer is not loaded, and its allocations, kept past its unloading,
-    // are not reported as leaks of the host.
+    // Without the GLX integration Mesa's software renderer is not loaded, and
+    // its allocations, kept past its unloading, are not reported as leaks.
     environment.insert("QT_XCB_GL_INTEGRATION", "none");
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -44,11 +51,6 @@ Run RunHost(const QString& host, const QStringList& arguments, const QString& ho
     run.output = process.readAllStandardOutput();
     run.lines = QString::fromUtf8(run.output).split('\n', Qt::SkipEmptyParts);
     return run;
-}
-
-QJsonObject Json(const Run& run)
-{
-    return QJsonDocument::fromJson(run.output).object();
 }
 
 // The JSON report's entry for the load record of a file, by the end of its path.
@@ -70,17 +72,6 @@ QStringList LoadedFiles(const QJsonObject& report)
     }
     return loaded;
 }
-
-const QStringList kContributions = {"imageFormats", "adjustments", "brushes", "tools"};
-
-QString Line(const Run& run, const QString& start)
-{
-    for (const QString& line : run.lines) {
-        if (line.startsWith(start))
-            return line;
-    }
-    return QString();
-}
 } // namespace
 
 // The sample host run from its bundle, as a new user would start it.
@@ -100,6 +91,19 @@ private:
         return m_dir.filePath(name);
     }
 
+    // A copy of the bundle's Contents folder with a test plug-in in its general
+    // folder as libfilter.2.dylib; empty when the copy failed.
+    QString CopyBundle(const QString& name, const QString& plugin) const
+    {
+        const QString bundle = m_dir.filePath(name + ".app/Contents");
+        if (!QDir().mkpath(m_dir.filePath(name + ".app")) ||
+            QProcess::execute("cp", {"-r", PELKARO_BUNDLE, bundle}) != 0 ||
+            !QFile::copy(QString(KV_TEST_PLUGIN_DIR "/lib%1.dylib").arg(plugin),
+                         bundle + "/PlugIns/General/libfilter.2.dylib"))
+            return QString();
+        return bundle;
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -114,7 +118,7 @@ private Q_SLOTS:
     {
         const Run run = RunHost(PELKARO_HOST, {"--report", m_png, m_jpeg}, Home("report"));
         QCOMPARE(run.exitCode, 0);
-        QVERIFY2(Line(run, "scan general folder ").endsWith("/PlugIns/General"),
+        QVERIFY2(run.Line("scan general folder ").endsWith("/PlugIns/General"),
                  qPrintable(run.lines.join('\n')));
         const QString text = run.lines.join('\n');
         for (const char* plugin :
@@ -123,84 +127,46 @@ private Q_SLOTS:
             QVERIFY2(text.contains(QString("%1: loaded, \"Plugin OK.\"").arg(plugin)),
                      qPrintable(text));
         }
-        QVERIFY(Line(run, "read group").contains("\"All\""));
-        QVERIFY(Line(run, "open filter: ").contains("PNG image (*.png)"));
-        QCOMPARE(Line(run, "open " + m_png), "open " + m_png + ": 64x48");
-        QCOMPARE(Line(run, "open " + m_jpeg), "open " + m_jpeg + ": 40x30");
+        QVERIFY(run.Line("read group").contains("\"All\""));
+        QVERIFY(run.Line("open filter: ").contains("PNG image (*.png)"));
+        QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
+        QCOMPARE(run.Line("open " + m_jpeg), "open " + m_jpeg + ": 40x30");
 
         const Run missing =
             RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"));
         QCOMPARE(missing.exitCode, 1);
     }
 
-    // A copy of the bundle's Contents folder, whose host runs from there.
-    QString CopyBundle(const QString& name) const
-    {
-        const QString bundle = m_dir.filePath(name + ".app/Contents");
-        if (!QDir().mkpath(m_dir.filePath(name + ".app")) ||
-            QProcess::execute("cp", {"-r", PELKARO_BUNDLE, bundle}) != 0)
-            return QString();
-        return bundle;
-    }
-
-    // A test plug-in put into a bundle's general folder under a family's name.
-    static bool AddTestPlugin(const QString& bundle, const QString& kind, const QString& as)
-    {
-        return QFile::copy(QString(KV_TEST_PLUGIN_DIR "/lib%1.dylib").arg(kind),
-                           bundle + "/PlugIns/General/" + as);
-    }
-
-    // A copy of the bundle with files the scan leaves out, and why.
-    void reportSaysWhyFilesAreLeftOut()
-    {
-        const QString bundle = CopyBundle("Copy");
-        QVERIFY(!bundle.isEmpty());
-        const QString general = bundle + "/PlugIns/General";
-        QVERIFY(QFile::copy(general + "/libimageio.2.dylib", general + "/LIBIMAGEIO.dylib"));
-        QFile(general + "/notes.txt").open(QIODevice::WriteOnly);
-        QDir(bundle + "/PlugIns/Brushes").removeRecursively();
-
-        const Run run = RunHost(bundle + "/MacOS/Pelkaro", {"--report"}, Home("copy"));
-        QCOMPARE(run.exitCode, 0);
-        const QString text = run.lines.join('\n');
-        QVERIFY2(text.contains("LIBIMAGEIO.dylib: not taken, the base name \"LIBIMAGEIO\" differs "
-                               "from \"libimageio\" in case"),
-                 qPrintable(text));
-        QVERIFY(text.contains("notes.txt: not taken, the suffix \"txt\" is not \"dylib\""));
-        QVERIFY(text.contains("scan brush folder \"../PlugIns/Brushes\": missing"));
-    }
-
     // What each sample plug-in contributed, and nothing else.
     void jsonReportListsContributions_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("key"); // its one non-empty contribution
         QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("firstName");
+        QTest::addColumn<QString>("key"); // its one non-empty contribution
         QTest::addColumn<bool>("brushFactory");
-
-        QTest::newRow("image formats") << "General/libimageio.2.dylib"
-                                       << "imageFormats" << 1 << "PNG image" << false;
-        QTest::newRow("adjustments") << "General/libadjustments.2.dylib"
-                                     << "adjustments" << 6 << "Invert" << false;
-        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib"
-                                 << "brushes" << 3 << "Round" << true;
-        QTest::newRow("tools") << "General/libbasictools.2.dylib"
-                               << "tools" << 3 << "Move" << false;
+        QTest::addColumn<QString>("firstName");
+        QTest::newRow("image formats")
+            << "General/libimageio.2.dylib" << 1 << "imageFormats" << false << "PNG image";
+        QTest::newRow("adjustments")
+            << "General/libadjustments.2.dylib" << 6 << "adjustments" << false << "Invert";
+        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib" << 3 << "brushes" << true
+                                 << "Round";
+        QTest::newRow("tools") << "General/libbasictools.2.dylib" << 3 << "tools" << false
+                               << "Move";
     }
 
     void jsonReportListsContributions()
     {
         QFETCH(QString, file);
-        QFETCH(QString, key);
         QFETCH(int, count);
-        QFETCH(QString, firstName);
+        QFETCH(QString, key);
         QFETCH(bool, brushFactory);
+        QFETCH(QString, firstName);
 
         if (m_report.isEmpty()) {
             const Run run = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
             QCOMPARE(run.exitCode, 0);
-            m_report = Json(run);
+            m_report = run.Json();
             QVERIFY2(!m_report.isEmpty(), run.output.constData());
         }
         QCOMPARE(m_report["images"].toArray().first()["width"].toInt(), 64);
@@ -209,9 +175,8 @@ private Q_SLOTS:
         QCOMPARE(entry["status"].toString(), QString("loaded"));
         QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
         QCOMPARE(entry["brushFactory"].toBool(), brushFactory);
-        for (const QString& contribution : kContributions) {
+        for (const char* contribution : {"imageFormats", "adjustments", "brushes", "tools"})
             QCOMPARE(entry[contribution].toArray().size(), contribution == key ? count : 0);
-        }
         const QJsonObject first = entry[key].toArray().first().toObject();
         const QString name = key == "imageFormats" ? first["groups"][0]["name"].toString()
                              : key == "tools"      ? first["actions"][0].toString()
@@ -225,37 +190,45 @@ private Q_SLOTS:
             QCOMPARE(entry["factoryBrushes"].toArray().size(), 3);
     }
 
-    // A plug-in that misses a function: the doctor names it readably; safe
-    // mode leaves the file out.
+    // A plug-in that misses a function, beside files the scan leaves out: the doctor
+    // names the function readably and says why the others are left out; safe mode
+    // leaves the plug-in out.
     void brokenPluginNamesItsSymbol()
     {
-        const QString bundle = CopyBundle("Broken");
+        const QString bundle = CopyBundle("Broken", "tc_missingsymbol");
         QVERIFY(!bundle.isEmpty());
-        QVERIFY(AddTestPlugin(bundle, "tc_missingsymbol", "libfilter.2.dylib"));
+        const QString general = bundle + "/PlugIns/General";
+        QVERIFY(QFile::copy(general + "/libimageio.2.dylib", general + "/LIBIMAGEIO.dylib"));
+        QFile(general + "/notes.txt").open(QIODevice::WriteOnly);
+        QDir(bundle + "/PlugIns/Brushes").removeRecursively();
         const QString host = bundle + "/MacOS/Pelkaro";
 
         const Run text = RunHost(host, {"--report"}, Home("broken"));
         QCOMPARE(text.exitCode, 0);
         QVERIFY2(text.lines.contains("  undefined symbol _Z13MissingHelperv: MissingHelper()"),
                  text.output.constData());
+        for (const char* line :
+             {"scan brush folder \"../PlugIns/Brushes\": missing",
+              "LIBIMAGEIO.dylib: not taken, the base name \"LIBIMAGEIO\" differs from "
+              "\"libimageio\" in case",
+              "notes.txt: not taken, the suffix \"txt\" is not \"dylib\""})
+            QVERIFY2(text.output.contains(line), text.output.constData());
 
-        const QJsonObject report = Json(RunHost(host, {"--report", "--json"}, Home("broken")));
+        const QJsonObject report = RunHost(host, {"--report", "--json"}, Home("broken")).Json();
         const QJsonObject broken = FileEntry(report, "/libfilter.2.dylib");
         QCOMPARE(broken["status"].toString(), QString("failed"));
         QVERIFY(broken["error"].toString().contains("undefined symbol: _Z13MissingHelperv"));
         QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
         QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
-        QCOMPARE(LoadedFiles(report).size(), 4);
+        QCOMPARE(LoadedFiles(report).size(), 3);
 
         const QJsonObject safe =
-            Json(RunHost(host, {"--report", "--json", "--safe-mode"}, Home("broken")));
+            RunHost(host, {"--report", "--json", "--safe-mode"}, Home("broken")).Json();
         QVERIFY(safe["safeMode"].toBool());
-        QCOMPARE(LoadedFiles(safe),
-                 QStringList({"libbrushcontainer.2.dylib", "libadjustments.2.dylib",
-                              "libbasictools.2.dylib", "libimageio.2.dylib"}));
-        QCOMPARE(safe["files"].toArray().size(), 4);
-        QCOMPARE(safe["leftOut"][0]["path"].toString(),
-                 bundle + "/PlugIns/General/libfilter.2.dylib");
+        QCOMPARE(LoadedFiles(safe), QStringList({"libadjustments.2.dylib", "libbasictools.2.dylib",
+                                                 "libimageio.2.dylib"}));
+        QCOMPARE(safe["files"].toArray().size(), 3);
+        QCOMPARE(safe["leftOut"][0]["path"].toString(), general + "/libfilter.2.dylib");
         QCOMPARE(safe["leftOut"][0]["reason"].toString(), QString("safe mode"));
     }
 
@@ -263,9 +236,8 @@ private Q_SLOTS:
     // names the file, starts without it, and keeps it out until taken back.
     void crashedPluginIsSkippedNextStart()
     {
-        const QString bundle = CopyBundle("Crash");
+        const QString bundle = CopyBundle("Crash", "tc_abort");
         QVERIFY(!bundle.isEmpty());
-        QVERIFY(AddTestPlugin(bundle, "tc_abort", "libfilter.2.dylib"));
         const QString host = bundle + "/MacOS/Pelkaro";
         const QString crashing = bundle + "/PlugIns/General/libfilter.2.dylib";
         const QString home = Home("crash");
@@ -274,15 +246,15 @@ private Q_SLOTS:
 
         const Run second = RunHost(host, {"--report"}, home);
         QVERIFY2(second.exitCode == 0, second.output.constData());
-        QCOMPARE(Line(second, "crashed "),
+        QCOMPARE(second.Line("crashed "),
                  "crashed " + crashing +
                      ": the last start ended while it loaded; starting without it "
                      "(--retry-plugins loads it again)");
         QCOMPARE(second.lines.filter(QRegularExpression("^load .*: loaded, ")).size(), 4);
-        QVERIFY(!Line(second, "left out " + crashing + ": skipped").isEmpty());
-        QVERIFY(Line(second, "load " + crashing).isEmpty());
+        QVERIFY(!second.Line("left out " + crashing + ": skipped").isEmpty());
+        QVERIFY(second.Line("load " + crashing).isEmpty());
 
-        const QJsonObject third = Json(RunHost(host, {"--report", "--json"}, home));
+        const QJsonObject third = RunHost(host, {"--report", "--json"}, home).Json();
         QCOMPARE(third["crashedLastStart"].toString(), QString());
         QCOMPARE(third["skipped"].toArray(), QJsonArray{crashing});
         QCOMPARE(LoadedFiles(third).size(), 4);
@@ -300,15 +272,15 @@ private Q_SLOTS:
             RunHost(PELKARO_HOST, {"--self-test", exports, m_png, m_jpeg}, Home("window"), true);
         const QString text = run.lines.join('\n');
         QVERIFY2(run.exitCode == 0, qPrintable(text));
-        QCOMPARE(Line(run, "menus: "), QString("menus: &File|&Adjustments|&View|&Help"));
-        QCOMPARE(Line(run, "tool areas: "), QString("tool areas: bar, panel"));
-        QCOMPARE(Line(run, "tools: ").count('|'), 2);
-        QVERIFY(!Line(run, "adjusted: ").isEmpty());
+        QCOMPARE(run.Line("menus: "), QString("menus: &File|&Adjustments|&View|&Help"));
+        QCOMPARE(run.Line("tool areas: "), QString("tool areas: bar, panel"));
+        QCOMPARE(run.Line("tools: ").count('|'), 2);
+        QVERIFY(!run.Line("adjusted: ").isEmpty());
         QVERIFY(text.contains("opened " + m_png + ": 64x48"));
         QVERIFY(text.contains("opened " + m_jpeg + ": 40x30"));
         QVERIFY(text.contains("exported " + exports + "/exported.png: yes"));
         QVERIFY(!QImage(exports + "/exported.png").isNull());
-        QCOMPARE(Line(run, "plug-ins dialog: "), QString("plug-ins dialog: 4 files"));
+        QCOMPARE(run.Line("plug-ins dialog: "), QString("plug-ins dialog: 4 files"));
     }
 };
 

@@ -7,6 +7,15 @@ TestImagePlugin::TestImagePlugin(TestImagePluginConfig config)
         m_config.readerFormats = m_config.formats;
 }
 
+const TestGroup* TestImagePlugin::Group(const QString& uid) const
+{
+    for (const TestGroup& group : m_config.groups) {
+        if (group.uid == uid)
+            return &group;
+    }
+    return nullptr;
+}
+
 QStringList TestImagePlugin::GetGroups() const
 {
     QStringList groups;
@@ -17,25 +26,12 @@ QStringList TestImagePlugin::GetGroups() const
 
 QString TestImagePlugin::GetGroupName(const QString& uid) const
 {
-    for (const TestGroup& group : m_config.groups) {
-        if (group.uid == uid)
-            return group.name;
-    }
-    return QString();
+    return Group(uid) ? Group(uid)->name : QString();
 }
 
 QStringList TestImagePlugin::GetGroupFormats(const QString& uid) const
 {
-    for (const TestGroup& group : m_config.groups) {
-        if (group.uid == uid)
-            return group.formats;
-    }
-    return QStringList();
-}
-
-bool TestImagePlugin::IsFormatEnabled(const QString& format) const
-{
-    return !m_config.disabled.contains(format);
+    return Group(uid) ? Group(uid)->formats : QStringList();
 }
 
 KVImageFileReader* TestImagePlugin::MakeReader(const QString& uid)
@@ -58,30 +54,8 @@ KVImageFileReader* TestImagePlugin::CreateReader(const QString& format)
     return m_config.formats.contains(format) ? MakeReader(m_config.readerUIDs.value(0)) : nullptr;
 }
 
-KVImageFileReader* TestImagePlugin::CreateReaderByUID(const QString& uid)
-{
-    return m_config.readerUIDs.contains(uid) ? MakeReader(uid) : nullptr;
-}
-
 KVImageFileWriter* TestImagePlugin::CreateWriter(const QString& format)
 {
     m_requestedFormats.append(format);
     return m_config.formats.contains(format) ? MakeWriter(m_config.writerUIDs.value(0)) : nullptr;
-}
-
-KVImageFileWriter* TestImagePlugin::CreateWriterByUID(const QString& uid)
-{
-    return m_config.writerUIDs.contains(uid) ? MakeWriter(uid) : nullptr;
-}
-
-void TestImagePlugin::ReleaseReader(KVImageFileReader* reader)
-{
-    ++m_readersReleased;
-    delete reader;
-}
-
-void TestImagePlugin::ReleaseWriter(KVImageFileWriter* writer)
-{
-    ++m_writersReleased;
-    delete writer;
 }

@@ -27,39 +27,25 @@ struct TestImagePluginConfig
     bool makesReaders = true;
 };
 
-class TestImageReader : public KVImageFileReader
+// A reader or writer that reads a 1x1 image and writes nothing.
+template <typename Base> class TestImageFile : public Base
 {
-    Q_OBJECT
 public:
-    TestImageReader(const QString& uid, const QStringList& formats)
+    TestImageFile(const QString& uid, const QStringList& formats)
         : m_uid(uid)
         , m_formats(formats)
     {}
     QString GetUID() const override { return m_uid; }
     QStringList GetFormats() const override { return m_formats; }
-    QImage Read(const QString&) override { return QImage(1, 1, QImage::Format_ARGB32); }
+    QImage Read(const QString&) { return QImage(1, 1, QImage::Format_ARGB32); }
+    bool Write(const QImage&, const QString&) { return true; }
 
 private:
     QString m_uid;
     QStringList m_formats;
 };
-
-class TestImageWriter : public KVImageFileWriter
-{
-    Q_OBJECT
-public:
-    TestImageWriter(const QString& uid, const QStringList& formats)
-        : m_uid(uid)
-        , m_formats(formats)
-    {}
-    QString GetUID() const override { return m_uid; }
-    QStringList GetFormats() const override { return m_formats; }
-    bool Write(const QImage&, const QString&) override { return true; }
-
-private:
-    QString m_uid;
-    QStringList m_formats;
-};
+using TestImageReader = TestImageFile<KVImageFileReader>;
+using TestImageWriter = TestImageFile<KVImageFileWriter>;
 
 // An image-file plug-in whose tables are given at construction. It deletes
 // what it is asked to release and counts what it made and released.
@@ -76,13 +62,30 @@ public:
     QStringList GetGroups() const override;
     QString GetGroupName(const QString& group) const override;
     QStringList GetGroupFormats(const QString& group) const override;
-    bool IsFormatEnabled(const QString& format) const override;
+    bool IsFormatEnabled(const QString& format) const override
+    {
+        return !m_config.disabled.contains(format);
+    }
     KVImageFileReader* CreateReader(const QString& format) override;
-    KVImageFileReader* CreateReaderByUID(const QString& uid) override;
+    KVImageFileReader* CreateReaderByUID(const QString& uid) override
+    {
+        return m_config.readerUIDs.contains(uid) ? MakeReader(uid) : nullptr;
+    }
     KVImageFileWriter* CreateWriter(const QString& format) override;
-    KVImageFileWriter* CreateWriterByUID(const QString& uid) override;
-    void ReleaseReader(KVImageFileReader* reader) override;
-    void ReleaseWriter(KVImageFileWriter* writer) override;
+    KVImageFileWriter* CreateWriterByUID(const QString& uid) override
+    {
+        return m_config.writerUIDs.contains(uid) ? MakeWriter(uid) : nullptr;
+    }
+    void ReleaseReader(KVImageFileReader* reader) override
+    {
+        ++m_readersReleased;
+        delete reader;
+    }
+    void ReleaseWriter(KVImageFileWriter* writer) override
+    {
+        ++m_writersReleased;
+        delete writer;
+    }
 
     int m_readersMade = 0;
     int m_readersReleased = 0;
@@ -91,6 +94,7 @@ public:
     QStringList m_requestedFormats; // suffixes passed to CreateReader/CreateWriter
 
 private:
+    const TestGroup* Group(const QString& uid) const;
     KVImageFileReader* MakeReader(const QString& uid);
     KVImageFileWriter* MakeWriter(const QString& uid);
 

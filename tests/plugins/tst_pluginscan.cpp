@@ -39,56 +39,38 @@ private Q_SLOTS:
         QTest::addColumn<QString>("logged");
         QTest::addColumn<QByteArray>("iniTail");
 
-        const QStringList all = Loaded({"libabrush.dylib", "libzbrush.DYLIB", "LIBIMAGEIO.DYLIB",
-                                        "libadjustments.dylib", "libimageio.2.dylib",
-                                        "libimageio.DYLIB", "libzother.dylib"});
-        QTest::newRow("everything, brushes first")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList() << all + QStringList{"finished"} << ""
-            << QByteArray();
-        QTest::newRow("image I/O only: base name by case, suffix in any case")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
-            << QByteArray();
-        QTest::newRow("brushes and adjustments")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList{"9"}
-            << Loaded({"libabrush.dylib", "libzbrush.DYLIB", "libadjustments.dylib"}) +
-                   QStringList{"finished"}
-            << "" << QByteArray();
-        QTest::newRow("no general folder: nothing at all")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/Missing" << QStringList() << QStringList()
-            << "The plugins folder does not exist" << QByteArray();
-        QTest::newRow("no brush folder")
-            << "../PlugIns/Missing"
-            << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
-            << QByteArray();
-        QTest::newRow("no brush folder, brushes asked for")
-            << "../PlugIns/Missing"
-            << "../PlugIns/General" << QStringList{"8"} << QStringList{"finished"}
-            << "Brush folder is missing" << QByteArray();
-        QTest::newRow("empty general folder") << "../PlugIns/Brushes"
-                                              << "../PlugIns/Empty" << QStringList{"4"}
-                                              << QStringList{"finished"} << "" << QByteArray();
+        const QString brushes = "../PlugIns/Brushes", general = "../PlugIns/General";
+        const QString missing = "../PlugIns/Missing";
+        const QStringList finished = {"finished"};
+        const QStringList imageIO = Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + finished;
+        const auto row = [&](const char* name, const QString& brush, const QString& general,
+                             const QStringList& arguments, const QStringList& events,
+                             const QString& logged = QString(), const QByteArray& iniTail = {}) {
+            QTest::newRow(name) << brush << general << arguments << events << logged << iniTail;
+        };
+        row("everything, brushes first", brushes, general, {},
+            Loaded({"libabrush.dylib", "libzbrush.DYLIB", "LIBIMAGEIO.DYLIB",
+                    "libadjustments.dylib", "libimageio.2.dylib", "libimageio.DYLIB",
+                    "libzother.dylib"}) +
+                finished);
+        row("image I/O only: base name by case, suffix in any case", brushes, general, {"4"},
+            imageIO);
+        row("brushes and adjustments", brushes, general, {"9"},
+            Loaded({"libabrush.dylib", "libzbrush.DYLIB", "libadjustments.dylib"}) + finished);
+        row("no general folder: nothing at all", brushes, missing, {}, {},
+            "The plugins folder does not exist");
+        row("no brush folder", missing, general, {"4"}, imageIO);
+        row("no brush folder, brushes asked for", missing, general, {"8"}, finished,
+            "Brush folder is missing");
+        row("empty general folder", brushes, "../PlugIns/Empty", {"4"}, finished);
         // plugins.ini is the bundle's: a damaged value there is read around
         // (the file is left as it is), an odd one read as Qt reads it.
-        QTest::newRow("plugins.ini with an odd value")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
-            << QByteArray("Odd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n");
-        QTest::newRow("plugins.ini with a damaged value")
-            << "../PlugIns/Brushes"
-            << "../PlugIns/General" << QStringList{"4"}
-            << Loaded({"libimageio.2.dylib", "libimageio.DYLIB"}) + QStringList{"finished"} << ""
-            << QByteArray("Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n");
-        QTest::newRow("absolute general folder")
-            << "../PlugIns/Brushes"
-            << "ABSOLUTE" << QStringList{"1"}
-            << Loaded({"libadjustments.dylib"}) + QStringList{"finished"} << "" << QByteArray();
+        row("plugins.ini with an odd value", brushes, general, {"4"}, imageIO, {},
+            "Odd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n");
+        row("plugins.ini with a damaged value", brushes, general, {"4"}, imageIO, {},
+            "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n");
+        row("absolute general folder", brushes, "ABSOLUTE", {"1"},
+            Loaded({"libadjustments.dylib"}) + finished);
     }
 
     void scan()

@@ -21,9 +21,7 @@ public:
     {}
     QString GetUID() const override { return m_id; }
     QString GetAdjustmentID() const override { return m_id; }
-
-private:
-    QString m_id;
+    const QString m_id;
 };
 
 class Brush : public KVBrushPlugin
@@ -34,9 +32,7 @@ public:
         : m_uid(uid)
     {}
     QString GetUID() const override { return m_uid; }
-
-private:
-    QString m_uid;
+    const QString m_uid;
 };
 
 QString DuplicateLine(const QString& file, const QString& id, const QString& tail)

@@ -7,19 +7,21 @@
 #include <functional>
 
 namespace {
-QString Joined(const QList<QSize>& sizes)
+QString Text(const QSize& size)
 {
-    QStringList texts;
-    for (const QSize& size : sizes)
-        texts.append(QStringLiteral("%1x%2").arg(size.width()).arg(size.height()));
-    return texts.join(QLatin1Char(','));
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
 }
 
-QString Joined(const QList<long long>& sizes)
+QString Text(long long size)
+{
+    return QString::number(size);
+}
+
+template <typename T> QString Joined(const QList<T>& items)
 {
     QStringList texts;
-    for (long long size : sizes)
-        texts.append(QString::number(size));
+    for (const T& item : items)
+        texts.append(Text(item));
     return texts.join(QLatin1Char(','));
 }
 
@@ -54,42 +56,38 @@ void ChangeResolutions(int step)
 {
     QList<QSize> list = MZExportResolutions::GetList();
     const QSize size(100 + step % 9000, 100 + step % 7);
+    const int index = list.isEmpty() ? 0 : step % list.size();
+    std::function<void()> change;
     if (list.size() < 6) {
-        int index = 0;
-        while (index < list.size() && list.at(index).width() <= size.width())
-            ++index;
-        list.insert(index, size);
-        Change(
-            "resolutions", [&] { MZExportResolutions::Add(size); }, &ResolutionState, Joined(list));
+        int at = 0;
+        while (at < list.size() && list.at(at).width() <= size.width())
+            ++at;
+        list.insert(at, size);
+        change = [&] { MZExportResolutions::Add(size); };
     } else if (step % 2) {
-        const int index = step % list.size();
         list[index] = size;
-        Change(
-            "resolutions", [&] { MZExportResolutions::Set(index, size); }, &ResolutionState,
-            Joined(list));
+        change = [&] { MZExportResolutions::Set(index, size); };
     } else {
-        const int index = step % list.size();
         list.removeAt(index);
-        Change(
-            "resolutions", [&] { MZExportResolutions::Remove(index); }, &ResolutionState,
-            Joined(list));
+        change = [&] { MZExportResolutions::Remove(index); };
     }
+    Change("resolutions", change, &ResolutionState, Joined(list));
 }
 
 void ChangeSizes(int step)
 {
     QList<long long> list = MZExportSizes::GetList();
     const long long size = 1000LL * step + 5000000000LL;
+    const int index = list.isEmpty() ? 0 : step % list.size();
+    std::function<void()> change;
     if (list.size() < 6) {
         list.append(size);
-        Change(
-            "sizes", [&] { MZExportSizes::Add(size); }, &SizeState, Joined(list));
+        change = [&] { MZExportSizes::Add(size); };
     } else {
-        const int index = step % list.size();
         list.removeAt(index);
-        Change(
-            "sizes", [&] { MZExportSizes::Remove(index); }, &SizeState, Joined(list));
+        change = [&] { MZExportSizes::Remove(index); };
     }
+    Change("sizes", change, &SizeState, Joined(list));
 }
 } // namespace
 
@@ -106,18 +104,14 @@ KV_SCENARIO(keepWriting)
     const int run = arguments.value(0).toInt();
     for (int i = 0; i < 100000; ++i) {
         const int step = run * 100000 + i;
-        switch (i % 3) {
-        case 0: {
+        if (i % 3 == 1) {
+            ChangeResolutions(step);
+        } else if (i % 3 == 2) {
+            ChangeSizes(step);
+        } else {
             const QString path = QStringLiteral("/Users/me/Pictures/%1").arg(step);
             Change(
                 "user", [&] { KVApplication::SetPathOpen(path); }, &UserState, path);
-            break;
-        }
-        case 1:
-            ChangeResolutions(step);
-            break;
-        default:
-            ChangeSizes(step);
         }
     }
     return 0;
