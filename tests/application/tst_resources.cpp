@@ -8,20 +8,13 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <memory>
-
 namespace {
 QStringList Stamped(const QStringList& lines)
 {
     QStringList stamped;
     for (const QString& line : lines)
-        stamped.append(LogCapture::WithoutBuildStamp(line));
+        stamped << LogCapture::WithoutBuildStamp(line);
     return stamped;
-}
-
-QString PrivateLine(const QString& message)
-{
-    return LogCapture::Expected("src/private/KVApplication_p", message);
 }
 } // namespace
 
@@ -31,38 +24,32 @@ class ResourcesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // codes: loaded in order; expected: key=value lines that must be reported;
+    // log: messages after construction's three, "broken" for the broken file's.
     void languages_data()
     {
-        QTest::addColumn<QStringList>("codes");
-        QTest::addColumn<QStringList>("expected"); // key=value lines that must be reported
-        QTest::addColumn<QStringList>("log");      // messages after the construction lines
-
-        QTest::newRow("nothing loaded")
-            << QStringList() << QStringList{"language=", "name:de=", "qt=Cancel"} << QStringList();
-        QTest::newRow("German, with Qt's own file and a broken one")
-            << QStringList{"de"}
-            << QStringList{"load:de=1",        "language=de",     "name:de=Deutsch",
-                           "name:en=Englisch", "name:ru=Russian", "qt=Abbrechen"}
-            << QStringList{"broken"};
-        QTest::newRow("a missing folder changes nothing")
-            << QStringList{"de", "fr"} << QStringList{"load:fr=0", "language=de", "name:de=Deutsch"}
-            << QStringList{"broken", "fr"};
-        QTest::newRow("a folder without translations")
-            << QStringList{"en"} << QStringList{"load:en=0", "language=en", "name:de=German"}
-            << QStringList();
-        QTest::newRow("the language loaded last wins, the first fills gaps")
-            << QStringList{"de", "sv"}
-            << QStringList{"load:sv=1",     "language=sv",      "name:sv=Svenska",
-                           "name:de=Tyska", "name:en=Englisch", "qt=Abbrechen"}
-            << QStringList{"broken"};
+        QTest::addColumn<QString>("codes");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<QString>("log");
+        const char* const rows[][4] = {
+            {"nothing loaded", "", "language= name:de= qt=Cancel", ""},
+            {"German, with Qt's own file and a broken one", "de",
+             "load:de=1 language=de name:de=Deutsch name:en=Englisch name:ru=Russian qt=Abbrechen",
+             "broken"},
+            {"a missing folder changes nothing", "de fr", "load:fr=0 language=de name:de=Deutsch",
+             "broken fr"},
+            {"a folder without translations", "en", "load:en=0 language=en name:de=German", ""},
+            {"the language loaded last wins, the first fills gaps", "de sv",
+             "load:sv=1 language=sv name:sv=Svenska name:de=Tyska name:en=Englisch qt=Abbrechen",
+             "broken"}};
+        for (const auto& row : rows)
+            QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]) << QString(row[3]);
     }
-
     void languages()
     {
-        QFETCH(QStringList, codes);
-        QFETCH(QStringList, expected);
-        QFETCH(QStringList, log);
-
+        QFETCH(QString, codes);
+        QFETCH(QString, expected);
+        QFETCH(QString, log);
         BundleFixture bundle;
         bundle.MakeFolder("Resources/en.lproj");
         bundle.CopyFile(KV_TEST_QM_DIR "/de.qm", "Resources/de.lproj/de.qm");
@@ -71,63 +58,51 @@ private Q_SLOTS:
                         "Resources/de.lproj/qtbase_de.qm");
         bundle.CopyFile(KV_TEST_QM_DIR "/sv.qm", "Resources/sv.lproj/sv.qm");
 
-        const auto run = bundle.RunScenario("languages", codes);
+        const auto run = bundle.RunScenario("languages", codes.split(' ', Qt::SkipEmptyParts));
         QCOMPARE(run.exitCode, 0);
-        for (const QString& line : expected)
+        for (const QString& line : expected.split(' '))
             QVERIFY2(run.output.contains(line), qPrintable(line + " in " + run.output.join(" | ")));
-
-        // Construction reports the three missing languages first.
         QStringList messages;
-        for (const QString& entry : log) {
-            if (entry == "broken") {
-                const QString path =
-                    QFileInfo(bundle.ResourcesPath() + "/de.lproj/broken.qm").canonicalFilePath();
-                messages << PrivateLine(QString("Load translator \"%1\" error.").arg(path));
-            } else {
-                messages << PrivateLine(
-                    QString("Translations for \"%1\" language not found.").arg(entry));
-            }
+        for (const QString& entry : log.split(' ', Qt::SkipEmptyParts)) {
+            const QString broken =
+                QFileInfo(bundle.ResourcesPath() + "/de.lproj/broken.qm").canonicalFilePath();
+            messages << LogCapture::Expected(
+                "src/private/KVApplication_p",
+                entry == "broken"
+                    ? QString("Load translator \"%1\" error.").arg(broken)
+                    : QString("Translations for \"%1\" language not found.").arg(entry));
         }
         QCOMPARE(Stamped(run.log).mid(3), messages);
     }
 
+    // Each "load" step reports load|sheet|theme|stored.
     void themes_data()
     {
-        QTest::addColumn<QStringList>("steps");
-        QTest::addColumn<QStringList>("expected");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("output");
         QTest::addColumn<bool>("failureLogged");
-
         const QString dark = "sheet=QWidget { color: #eeeeee; background: #202020; }\\n";
-        QTest::newRow("dark by default")
-            << QStringList{"load"} << QStringList{"load=1", dark, "theme=1", "stored=1"} << false;
-        QTest::newRow("the first search path keeps winning")
-            << QStringList{"load", "set:2", "load"}
-            << QStringList{"load=1", dark, "theme=1", "load=1", dark, "theme=2", "stored=2"}
-            << false;
-        QTest::newRow("light")
-            << QStringList{"set:2", "load"}
-            << QStringList{"load=1", "sheet=QWidget { color: #101010; background: #f0f0f0; }\\n",
-                           "theme=2"}
-            << false;
+        const QString light = "sheet=QWidget { color: #101010; background: #f0f0f0; }\\n";
+        QTest::newRow("dark by default, the first search path keeps winning")
+            << "load set:2 load"
+            << QString("load=1|%1|theme=1|stored=1|load=1|%1|theme=2|stored=2").arg(dark) << false;
+        QTest::newRow("light") << "set:2 load"
+                               << "load=1|" + light + "|theme=2|stored=2" << false;
         QTest::newRow("another root, read up to its zero byte")
-            << QStringList{"store::/Zero", "load"}
-            << QStringList{"load=1", "sheet=QWidget { color: red; }", "theme=2", "stored=2"}
-            << false;
-        QTest::newRow("no theme") << QStringList{"set:7", "load"}
-                                  << QStringList{"load=0", "sheet=", "theme=0", "stored=2"} << true;
+            << "store::/Zero load"
+            << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2" << false;
+        QTest::newRow("no theme") << "set:7 load"
+                                  << "load=0|sheet=|theme=0|stored=2" << true;
     }
-
     void themes()
     {
-        QFETCH(QStringList, steps);
-        QFETCH(QStringList, expected);
+        QFETCH(QString, steps);
+        QFETCH(QString, output);
         QFETCH(bool, failureLogged);
-
         BundleFixture bundle;
-        const auto run = bundle.RunScenario("theme", steps);
+        const auto run = bundle.RunScenario("theme", steps.split(' '));
         QCOMPARE(run.exitCode, 0);
-        for (const QString& line : expected)
-            QVERIFY2(run.output.contains(line), qPrintable(line + " in " + run.output.join(" | ")));
+        QCOMPARE(run.output.join('|'), output);
         const QString error = LogCapture::Expected("src/KVApplication", "Load theme error.");
         QCOMPARE(Stamped(run.log).contains(error), failureLogged);
     }

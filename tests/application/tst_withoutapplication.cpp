@@ -35,30 +35,27 @@ private:
         App::FlushData();
         QCOMPARE(App::GetBackground(), QColor(Qt::white));
         QCOMPARE(App::GetTexturePatternIndex(), 0);
+        // Nothing may be written without an application object.
         QVERIFY(!QDir(KVTest::HomePath() + "/moved").exists());
-        QVERIFY2(!QDir(KVTest::HomePath() + "/Library").exists(),
-                 "nothing may be written without an application object");
+        QVERIFY(!QDir(KVTest::HomePath() + "/Library").exists());
     }
+
+    int m_argc = 1;
+    char* m_argv[2] = {const_cast<char*>("tst_withoutapplication"), nullptr};
 
 private Q_SLOTS:
     void noApplicationObject() { CheckNeutral(); }
 
     void plainGuiApplication()
     {
-        int argc = 1;
-        char name[] = "plain";
-        char* argv[] = {name, nullptr};
-        QGuiApplication plain(argc, argv);
+        QGuiApplication plain(m_argc, m_argv);
         CheckNeutral();
     }
 
     void applicationObjectComesAndGoes()
     {
-        int argc = 1;
-        char name[] = "pelkaro";
-        char* argv[] = {name, nullptr};
         {
-            App app(argc, argv);
+            App app(m_argc, m_argv);
             QCOMPARE(App::GetInstance(), &app);
             QVERIFY(App::GetUserDataFolder().startsWith(KVTest::HomePath()));
         }
