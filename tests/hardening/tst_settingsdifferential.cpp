@@ -13,12 +13,6 @@ namespace {
 // read that takes longer counts as one that hangs.
 const int kChildTimeout = 3000;
 
-QByteArray ReadFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // The key as plain QSettings reads it, in a child process; empty when the
 // child crashed, aborted, ran out of its memory or time doing so.
 QByteArray PlainText(const QString& file, const QString& key)
