@@ -216,6 +216,7 @@ private Q_SLOTS:
         KVApplication app(m_argc, m_argv);
         QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
         QCOMPARE(KVApplication::GetUserValue("Plugin/Alone"), value);
+        QVERIFY(!QFile::exists(m_user + ".damaged"));
         KVApplication::SetPathOpen("/pictures");
         QCOMPARE(QSettings(m_user, QSettings::IniFormat).value("Save/PathOpen").toString(),
                  QString("/pictures"));

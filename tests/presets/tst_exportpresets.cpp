@@ -113,11 +113,9 @@ private Q_SLOTS:
         for (const bool started : {false, true}) {
             if (started) {
                 Start();
-                QVERIFY(Resolutions::GetInstance() && Sizes::GetInstance());
                 m_app.reset();
             }
             const QByteArray file = ReadFile(PresetFile("Resolutions"));
-            QVERIFY(!Resolutions::GetInstance() && !Sizes::GetInstance());
             QCOMPARE(Resolutions::GetSize(), -1);
             QCOMPARE(Sizes::GetSize(), -1);
             QVERIFY(Resolutions::GetList().isEmpty() && Sizes::GetList().isEmpty());
