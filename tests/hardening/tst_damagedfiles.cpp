@@ -106,6 +106,14 @@ private Q_SLOTS:
         QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
     }
 
+    void missingFileReadCreatesNothing()
+    {
+        KVApplication app(m_argc, m_argv);
+        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
+        QVERIFY(!QFile::exists(m_user));
+        QVERIFY(!QFile::exists(m_user + ".damaged"));
+    }
+
     // Each repair keeps the file as it was then, beside the earlier copies.
     void laterRepairsKeepEveryCopy()
     {
