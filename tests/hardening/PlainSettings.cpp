@@ -1,11 +1,8 @@
 // kv_plainsettings <file> <key in hex>: reads one key of an INI file with
-// plain QSettings, as any Qt program would, and prints it as QSettings writes
-// it (IniText.h). Built without the library and without sanitizers. The
-// process may only take a little more memory than it holds at the start of
-// the read, as a program on a smaller machine could: a value that makes Qt
-// allocate far beyond what the file holds fails here as a crash. The value
-// is also printed to a QDebug, which asks it what Qt's own code asks of a
-// value: one that crashes then is no harmless value.
+// plain QSettings, built without the library and sanitizers, and prints it
+// as IniText.h does. A value that makes Qt allocate far beyond what the file
+// holds fails here as a crash, as on a smaller machine; printing it to a
+// QDebug asks of it what Qt's own code asks of a value.
 
 #include "IniText.h"
 
@@ -13,22 +10,19 @@
 #include <QGuiApplication>
 
 #include <cstdio>
-
 #ifdef __linux__
 #include <sys/resource.h>
 #include <unistd.h>
 #endif
 
 namespace {
+// Room for 80 MiB beyond what the process holds now.
 void LimitMemory()
 {
 #ifdef __linux__
-    long pages = 0;
-    if (FILE* statm = std::fopen("/proc/self/statm", "r")) {
-        if (std::fscanf(statm, "%ld", &pages) != 1)
-            pages = 0;
-        std::fclose(statm);
-    }
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    const long pages =
+        statm.open(QIODevice::ReadOnly) ? statm.readAll().split(' ').value(0).toLong() : 0;
     if (pages <= 0)
         return;
     const rlim_t limit = rlim_t(pages) * rlim_t(sysconf(_SC_PAGESIZE)) + (80u << 20);

@@ -134,10 +134,10 @@ QVector<SettingsRow> SettingsRows()
     };
 }
 
-QByteArray SettingsRowFile(const SettingsRow& row)
+QByteArray SettingsRowFile(const SettingsRow& row, bool repaired)
 {
     return row.start +
            "[General]\nVersion=2.4.0\nTexturePatternIndex=4\n[Colors]\nBackground=@Variant(\\0\\0"
            "\\0\\x43\\x1\\xff\\xff\\xff\\xff\\0\\0\\0\\0\\0\\0)\n[Plugin]\nKey=" +
-           row.value + "\n[Save]\nPathOpen=/pictures\n";
+           (repaired && row.damaged ? row.repaired : row.value) + "\n[Save]\nPathOpen=/pictures\n";
 }

@@ -1,3 +1,4 @@
+#include "IniText.h"
 #include "LogCapture.h"
 #include "SettingsRows.h"
 #include "TestSupport.h"
@@ -6,7 +7,6 @@
 #include <KVGradientStop.h>
 #include <KVRecentManager.h>
 #include <MZExportResolutions.h>
-#include <MZExportSizes.h>
 
 #include <QBitArray>
 #include <QCborArray>
@@ -27,7 +27,6 @@
 #include <QRadialGradient>
 #include <QRegion>
 #include <QRegularExpression>
-#include <QSettings>
 #include <QTextCharFormat>
 #include <QTextLength>
 #include <QUuid>
@@ -36,91 +35,83 @@
 #include <QVector4D>
 
 namespace {
-const QString kPreferences = "/Library/Preferences/Pelkaro AB/Pelkaro/";
-
-QString UserFile()
+QString PreferencesFile(const QString& name)
 {
-    return KVTest::HomePath() + kPreferences + "user.ini";
+    return KVTest::HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro/" + name;
 }
-
-QByteArray ReadFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WriteFile(const QString& path, const QByteArray& data)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(data);
-}
-
 } // namespace
 
 // Settings and preset files holding values that Qt cannot decode safely
-// (see SettingsRows.cpp): such a value costs that value alone, the original
-// file is kept, and every other value reads and writes as with plain
-// QSettings. Values of every kind that Qt writes must still be read.
+// (SettingsRows.cpp): such a value costs that value alone, the original file
+// is kept, and every other value reads and writes as with plain QSettings.
 class DamagedFilesTest : public QObject
 {
     Q_OBJECT
 
-private:
     int m_argc = 1;
     char* m_argv[2] = {const_cast<char*>("tst_damagedfiles"), nullptr};
-
-    static void AddRows(bool damaged)
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("repaired");
-        for (const SettingsRow& row : SettingsRows()) {
-            if (row.damaged != damaged)
-                continue;
-            SettingsRow invalid = row;
-            invalid.value = row.repaired;
-            QTest::newRow(row.name) << SettingsRowFile(row) << SettingsRowFile(invalid);
-        }
-    }
+    const QString m_user = PreferencesFile("user.ini");
 
 private Q_SLOTS:
     void cleanup() { QDir(KVTest::HomePath() + "/Library").removeRecursively(); }
 
-    void damagedValueCostsItselfAlone_data() { AddRows(true); }
-
-    void damagedValueCostsItselfAlone()
+    void oddOrDamagedValue_data()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, repaired);
-        WriteFile(UserFile(), file);
+        QTest::addColumn<SettingsRow>("row");
+        for (const SettingsRow& row : SettingsRows())
+            QTest::newRow(row.name) << row;
+    }
+
+    // A harmless value reads as Qt reads it and leaves the file alone; a
+    // damaged one reads as invalid, the file is kept as it was and logged.
+    void oddOrDamagedValue()
+    {
+        QFETCH(SettingsRow, row);
+        const QByteArray file = SettingsRowFile(row);
+        const QByteArray left = SettingsRowFile(row, true);
+        WriteFile(m_user, left);
+        const QStringList keys = QSettings(m_user, QSettings::IniFormat).allKeys();
+        const QVariant plain =
+            row.damaged ? QVariant() : QSettings(m_user, QSettings::IniFormat).value("Plugin/Key");
+        WriteFile(m_user, file);
         LogCapture log;
         KVApplication app(m_argc, m_argv);
 
+        QCOMPARE(KVApplication::GetUserValue("Plugin/Key"), plain);
         QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
         QCOMPARE(KVApplication::GetPathOpen(), QString("/pictures"));
         QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
-        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
-        QCOMPARE(ReadFile(UserFile()), repaired);
-        QCOMPARE(ReadFile(UserFile() + ".damaged"), file);
-        const QString logged =
-            "The settings file \"" + UserFile() +
-            "\" held values that Qt cannot "
-            "read safely; they now read as invalid, and the file as it was is kept "
-            "as \"" +
-            UserFile() + ".damaged\".";
-        const QStringList categories = log.Categories();
-        QCOMPARE(categories.count("default"), categories.size());
+        QCOMPARE(ReadFile(m_user), left);
+        QCOMPARE(ReadFile(m_user + ".damaged"), row.damaged ? file : QByteArray());
+        const QString logged = "The settings file \"" + m_user +
+                               "\" held values that Qt cannot read safely; they now read as "
+                               "invalid, and the file as it was is kept as \"" +
+                               m_user + ".damaged\".";
+        QCOMPARE(log.Categories().count("default"), log.Categories().size());
         QCOMPARE(log.StampedLines().filter("settings file"),
-                 QStringList{LogCapture::Expected("src/private/KVSettingsFile_p", logged)});
+                 row.damaged
+                     ? QStringList{LogCapture::Expected("src/private/KVSettingsFile_p", logged)}
+                     : QStringList());
 
+        KVApplication::SetPathOpen("/x");
+        QSettings after(m_user, QSettings::IniFormat);
+        QCOMPARE(after.allKeys(), keys);
+        QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
         KVApplication::SetPathExport("/exports");
         KVRecentManager::InitInstance();
         KVRecentManager::ReleaseInstance();
-        QSettings plain(UserFile(), QSettings::IniFormat);
-        QCOMPARE(plain.value("Save/PathExport").toString(), QString("/exports"));
-        QCOMPARE(plain.value("Save/PathOpen").toString(), QString("/pictures"));
-        QCOMPARE(plain.value("TexturePatternIndex").toInt(), 4);
+        after.sync();
+        QCOMPARE(after.value("Save/PathExport").toString(), QString("/exports"));
+        QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
+        QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
+    }
+
+    void missingFileReadCreatesNothing()
+    {
+        KVApplication app(m_argc, m_argv);
+        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
+        QVERIFY(!QFile::exists(m_user));
+        QVERIFY(!QFile::exists(m_user + ".damaged"));
     }
 
     // Each repair keeps the file as it was then, beside the earlier copies.
@@ -130,48 +121,26 @@ private Q_SLOTS:
             SettingsRowFile(SettingsRows().at(0))
                 .replace("Key=", "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\nOld=");
         KVApplication app(m_argc, m_argv);
-        QStringList copies;
+        QByteArray expected;
         for (const QByteArray& version : {QByteArray("1"), QByteArray("2"), QByteArray("3")}) {
-            WriteFile(UserFile(), damaged + "Version" + version + "=1\n");
+            WriteFile(m_user, damaged + "Version" + version + "=1\n");
             QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
-            copies << QString::fromLatin1(ReadFile(UserFile() + ".damaged") +
-                                          ReadFile(UserFile() + ".damaged.2") +
-                                          ReadFile(UserFile() + ".damaged.3"));
+            expected += damaged + "Version" + version + "=1\n";
+            QCOMPARE(ReadFile(m_user + ".damaged") + ReadFile(m_user + ".damaged.2") +
+                         ReadFile(m_user + ".damaged.3"),
+                     expected);
         }
-        QCOMPARE(copies.last(), QString::fromLatin1(damaged + "Version1=1\n" + damaged +
-                                                    "Version2=1\n" + damaged + "Version3=1\n"));
     }
 
-    void oddValuesReadAsQtReadsThem_data() { AddRows(false); }
-
-    // Qt reads these without harm: the library reads what Qt reads, leaves
-    // the file as it is, and writes keep every key.
-    void oddValuesReadAsQtReadsThem()
-    {
-        QFETCH(QByteArray, file);
-        WriteFile(UserFile(), file);
-        const QVariant plain = QSettings(UserFile(), QSettings::IniFormat).value("Plugin/Key");
-        const QStringList keys = QSettings(UserFile(), QSettings::IniFormat).allKeys();
-        KVApplication app(m_argc, m_argv);
-
-        QCOMPARE(KVApplication::GetUserValue("Plugin/Key"), plain);
-        QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
-        QCOMPARE(ReadFile(UserFile()), file);
-        KVApplication::SetPathOpen("/x");
-        QSettings after(UserFile(), QSettings::IniFormat);
-        QCOMPARE(after.allKeys(), keys);
-        QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
-        QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
-        QVERIFY(!QFile::exists(UserFile() + ".damaged"));
-    }
-
-    void valuesThatQtWritesAreRead_data()
+    void valuesThatQtWrites_data()
     {
         QTest::addColumn<QVariant>("value");
         QLinearGradient linear(0, 0, 10, 0);
         linear.setStops({{0.0, Qt::red}, {0.5, Qt::green}, {1.0, Qt::blue}});
         QRadialGradient radial(5, 5, 3);
         radial.setColorAt(1.0, Qt::yellow);
+        QConicalGradient conical(1, 2, 30);
+        conical.setColorAt(0.5, Qt::magenta);
         QPen pen(QBrush(linear), 2.5);
         pen.setDashPattern({1.0, 2.0, 3.0, 4.0});
         QTextCharFormat format;
@@ -179,12 +148,12 @@ private Q_SLOTS:
         format.setFontWeight(QFont::Bold);
         QPalette palette;
         palette.setBrush(QPalette::Window, QBrush(linear));
+        QImage image(2, 3, QImage::Format_ARGB32);
+        image.fill(Qt::cyan);
         QTest::newRow("polygon") << QVariant(QPolygon(QVector<QPoint>{{1, 2}, {3, 4}, {5, 6}}));
         QTest::newRow("polygonF") << QVariant(QPolygonF(QVector<QPointF>{{1.5, 2}, {3, 4.5}}));
         QTest::newRow("linear gradient") << QVariant(QBrush(linear));
         QTest::newRow("radial gradient") << QVariant(QBrush(radial));
-        QConicalGradient conical(1, 2, 30);
-        conical.setColorAt(0.5, Qt::magenta);
         QTest::newRow("conical gradient") << QVariant(QBrush(conical));
         QTest::newRow("pen") << QVariant(pen);
         QTest::newRow("palette") << QVariant(palette);
@@ -192,8 +161,6 @@ private Q_SLOTS:
         QTest::newRow("text format") << QVariant(QTextFormat(format));
         QTest::newRow("key sequence") << QVariant(QKeySequence("Ctrl+Shift+S, Ctrl+W"));
         QTest::newRow("font") << QVariant(QFont("Sans", 12));
-        QImage image(2, 3, QImage::Format_ARGB32);
-        image.fill(Qt::cyan);
         QTest::newRow("image") << QVariant(image);
         QTest::newRow("date and time") << QVariant(QDateTime(QDate(2026, 11, 21), QTime(10, 15)));
         QTest::newRow("map of many kinds") << QVariant(
@@ -238,13 +205,15 @@ private Q_SLOTS:
             {"x", QVariant::fromValue(QMatrix(1, 2, 3, 4, 5, 6))}});
     }
 
-    // Written by QSettings into user.ini, alone and among other values, and
-    // read back by the library, which must not take them for damage.
-    void valuesThatQtWritesAreRead()
+    // Written by QSettings alone and among other values, the library must
+    // not take them for damage; ahead of a polygon in one list, the check must
+    // follow each to its exact end to find the polygon out once its count
+    // claims too much.
+    void valuesThatQtWrites()
     {
         QFETCH(QVariant, value);
         {
-            QSettings settings(UserFile(), QSettings::IniFormat);
+            QSettings settings(m_user, QSettings::IniFormat);
             settings.setValue("Version", "2.4.0");
             settings.setValue("Colors/Background", QColor(Qt::red));
             settings.setValue("Plugin/Alone", value);
@@ -253,65 +222,43 @@ private Q_SLOTS:
             settings.setValue("Plugin/InMap", QVariantMap{{"a", 7}, {"z", value}});
         }
         KVApplication app(m_argc, m_argv);
-
         QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
         QCOMPARE(KVApplication::GetUserValue("Plugin/Alone"), value);
+        QVERIFY(!QFile::exists(m_user + ".damaged"));
         KVApplication::SetPathOpen("/pictures");
-        QCOMPARE(QSettings(UserFile(), QSettings::IniFormat).value("Save/PathOpen").toString(),
+        QCOMPARE(QSettings(m_user, QSettings::IniFormat).value("Save/PathOpen").toString(),
                  QString("/pictures"));
-    }
 
-    void valuesThatQtWritesAreFollowedToTheirEnd_data() { valuesThatQtWritesAreRead_data(); }
-
-    // Ahead of a polygon in one list: the check must follow each value to
-    // its exact end to leave the list alone, and to find the polygon out once
-    // its count claims too much.
-    void valuesThatQtWritesAreFollowedToTheirEnd()
-    {
-        QFETCH(QVariant, value);
         QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out.setVersion(QDataStream::Qt_4_0);
-            out << QVariant(QVariantList{value, QPolygon(QVector<QPoint>{{7, 7}})});
-        }
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_4_0);
+        out << QVariant(QVariantList{value, QPolygon(QVector<QPoint>{{7, 7}})});
         const auto userFile = [](const QByteArray& variant) {
             QByteArray escaped;
             for (const char byte : variant)
                 escaped += "\\x" + QByteArray::number(uchar(byte), 16);
             return "[General]\nTexturePatternIndex=4\n[Plugin]\nKey=@Variant(" + escaped + ")\n";
         };
-        KVApplication app(m_argc, m_argv);
-
-        WriteFile(UserFile(), userFile(bytes));
+        WriteFile(m_user, userFile(bytes));
         QCOMPARE(KVApplication::GetUserValue("Plugin/Key"),
-                 QSettings(UserFile(), QSettings::IniFormat).value("Plugin/Key"));
-        WriteFile(UserFile(), userFile(bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff")));
+                 QSettings(m_user, QSettings::IniFormat).value("Plugin/Key"));
+        WriteFile(m_user, userFile(bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff")));
         QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
         QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
     }
 
     void presetListKeepsWhatItCanRead_data()
     {
-        const QByteArray odd = "@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)";
         const QByteArray damaged = "@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)";
+        const QByteArray list = "[Resolutions]\n0=1234x567\n1=2000x1000\n";
         QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<QString>("afterAdd");
         QTest::newRow("odd value beside the list")
-            << "[General]\nVersion=2.3.0\nOdd=" + odd + "\n[Resolutions]\n0=1234x567\n1=2000x1000\n"
-            << "1234x567 2000x1000"
-            << "800x600 1234x567 2000x1000";
+            << "[General]\nVersion=2.3.0\nOdd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n" + list;
         QTest::newRow("damaged value in another section")
-            << "[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n1=2000x1000\n[Other]\nKey=" +
-                   damaged + "\n"
-            << "1234x567 2000x1000"
-            << "800x600 1234x567 2000x1000";
+            << "[General]\nVersion=2.3.0\n" + list + "[Other]\nKey=" + damaged + "\n";
         QTest::newRow("damaged entry")
             << "[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n1=" + damaged +
-                   "\n2=2000x1000\n"
-            << "1234x567 2000x1000"
-            << "800x600 1234x567 2000x1000";
+                   "\n2=2000x1000\n";
     }
 
     // A file with "Version" is read as its keys stand, bad entries skipped;
@@ -319,23 +266,16 @@ private Q_SLOTS:
     void presetListKeepsWhatItCanRead()
     {
         QFETCH(QByteArray, file);
-        QFETCH(QString, read);
-        QFETCH(QString, afterAdd);
-        const QString path = KVTest::HomePath() + kPreferences + "exportandshareresolution.ini";
+        const QString path = PreferencesFile("exportandshareresolution.ini");
         WriteFile(path, file);
-        const auto text = [](const QList<QSize>& list) {
-            QStringList sizes;
-            for (const QSize& size : list)
-                sizes << QString("%1x%2").arg(size.width()).arg(size.height());
-            return sizes.join(' ');
-        };
+        const QList<QSize> read{{1234, 567}, {2000, 1000}};
         {
             KVApplication app(m_argc, m_argv);
-            QCOMPARE(text(MZExportResolutions::GetList()), read);
+            QCOMPARE(MZExportResolutions::GetList(), read);
             MZExportResolutions::Add(QSize(800, 600));
         }
         KVApplication app(m_argc, m_argv);
-        QCOMPARE(text(MZExportResolutions::GetList()), afterAdd);
+        QCOMPARE(MZExportResolutions::GetList(), QList<QSize>{QSize(800, 600)} + read);
         QCOMPARE(QSettings(path, QSettings::IniFormat).value("Version").toString(),
                  QString("2.3.0"));
     }
@@ -355,15 +295,12 @@ private Q_SLOTS:
         QFETCH(int, model);
         QFETCH(bool, read);
         QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
-                << quint16(0) << false << false << false;
-        }
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
+            << quint16(0) << false << false << false;
         QDataStream in(bytes);
         KVGradientStop stop;
         in >> stop;
-
         QCOMPARE(in.status() == QDataStream::Ok, read);
         QCOMPARE(stop.GetPosition(), 0.5);
         QCOMPARE(stop.GetColor().isValid(), read);

@@ -9,15 +9,8 @@
 #include <QProcess>
 
 namespace {
-// Longer than any harmless read takes, even beside the sanitizer lanes; a
-// read that takes longer counts as one that hangs.
+// Longer than any harmless read takes, even beside the sanitizers: a longer one hangs.
 const int kChildTimeout = 3000;
-
-QByteArray ReadFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // The key as plain QSettings reads it, in a child process; empty when the
 // child crashed, aborted, ran out of its memory or time doing so.
@@ -67,12 +60,7 @@ private Q_SLOTS:
         QTemporaryDir folder;
         const QString original = folder.filePath("original.ini");
         const QString library = folder.filePath("library/app.ini");
-        QDir().mkpath(folder.filePath("library"));
-        for (const QString& path : {original, library}) {
-            QFile out(path);
-            QVERIFY(out.open(QIODevice::WriteOnly));
-            out.write(file);
-        }
+        QVERIFY(WriteFile(original, file) && WriteFile(library, file));
 
         KVApplication::SetDataFolder(folder.filePath("library"));
         KVApplication::GetApplicationValue("Any");

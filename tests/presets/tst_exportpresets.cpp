@@ -1,3 +1,4 @@
+#include "../hardening/IniText.h"
 #include "BundleFixture.h"
 #include "TestSupport.h"
 
@@ -21,24 +22,11 @@ QString PresetFile(const QString& group, const QString& home = KVTest::HomePath(
            (group == "Sizes" ? "size.ini" : "resolution.ini");
 }
 
-QByteArray ReadFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WriteFile(const QString& path, const QByteArray& data)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(data);
-}
-
 // A preset file as an older release left it: version 1.0, the entries as given.
 void WritePresets(const QString& group, const QByteArray& entries)
 {
-    WriteFile(PresetFile(group), "[General]\nVersion=1.0\n[" + group.toLatin1() + "]\n" + entries);
+    QVERIFY(WriteFile(PresetFile(group),
+                      "[General]\nVersion=1.0\n[" + group.toLatin1() + "]\n" + entries));
 }
 
 QString Stored(const QString& path, const QString& key)
@@ -69,23 +57,20 @@ QStringList Numbered(const QString& list)
     return lines;
 }
 
-template <typename T, typename Text> QString Joined(const QList<T>& list, Text text)
-{
-    QStringList texts;
-    for (const T& value : list)
-        texts << text(value);
-    return texts.join(' ');
-}
-
 QString ResolutionText()
 {
-    return Joined(Resolutions::GetList(),
-                  [](QSize size) { return QString("%1x%2").arg(size.width()).arg(size.height()); });
+    QStringList texts;
+    for (const QSize& size : Resolutions::GetList())
+        texts << QString("%1x%2").arg(size.width()).arg(size.height());
+    return texts.join(' ');
 }
 
 QString SizeText()
 {
-    return Joined(Sizes::GetList(), [](long long size) { return QString::number(size); });
+    QStringList texts;
+    for (long long size : Sizes::GetList())
+        texts << QString::number(size);
+    return texts.join(' ');
 }
 
 template <typename Get> QString OutOfRangeMessage(Get get)
@@ -112,23 +97,6 @@ class ExportPresetsTest : public QObject
 
     void Start() { m_app.reset(new KVApplication(m_argc, m_argv)); }
 
-    void CheckNeutral()
-    {
-        const QByteArray file = ReadFile(PresetFile("Resolutions"));
-        QVERIFY(!Resolutions::GetInstance() && !Sizes::GetInstance());
-        QCOMPARE(Resolutions::GetSize(), -1);
-        QCOMPARE(Sizes::GetSize(), -1);
-        QVERIFY(Resolutions::GetList().isEmpty() && Sizes::GetList().isEmpty());
-        QCOMPARE(Resolutions::Get(0), QSize(-1, -1));
-        QCOMPARE(Sizes::Get(0), -1LL);
-        QCOMPARE(Resolutions::Add(QSize(10, 10)), -1);
-        QCOMPARE(Sizes::Add(10), -1);
-        Resolutions::Add(0, QSize(10, 10));
-        Resolutions::Set(0, QSize(10, 10));
-        Resolutions::Remove(0);
-        QCOMPARE(ReadFile(PresetFile("Resolutions")), file);
-    }
-
 private Q_SLOTS:
     void init()
     {
@@ -138,13 +106,28 @@ private Q_SLOTS:
 
     void cleanup() { m_app.reset(); }
 
+    // Without an instance, before the application object and after it, the
+    // lists read as empty and changes are ignored.
     void neutralWithoutInstance()
     {
-        CheckNeutral();
-        Start();
-        QVERIFY(Resolutions::GetInstance() && Sizes::GetInstance());
-        m_app.reset();
-        CheckNeutral();
+        for (const bool started : {false, true}) {
+            if (started) {
+                Start();
+                m_app.reset();
+            }
+            const QByteArray file = ReadFile(PresetFile("Resolutions"));
+            QCOMPARE(Resolutions::GetSize(), -1);
+            QCOMPARE(Sizes::GetSize(), -1);
+            QVERIFY(Resolutions::GetList().isEmpty() && Sizes::GetList().isEmpty());
+            QCOMPARE(Resolutions::Get(0), QSize(-1, -1));
+            QCOMPARE(Sizes::Get(0), -1LL);
+            QCOMPARE(Resolutions::Add(QSize(10, 10)), -1);
+            QCOMPARE(Sizes::Add(10), -1);
+            Resolutions::Add(0, QSize(10, 10));
+            Resolutions::Set(0, QSize(10, 10));
+            Resolutions::Remove(0);
+            QCOMPARE(ReadFile(PresetFile("Resolutions")), file);
+        }
     }
 
     void firstUseWritesDefaults_data()
@@ -161,7 +144,7 @@ private Q_SLOTS:
         for (const char* group : {"Resolutions", "Sizes"}) {
             QFile::remove(PresetFile(group));
             if (!existing.isNull())
-                WriteFile(PresetFile(group), existing);
+                QVERIFY(WriteFile(PresetFile(group), existing));
         }
         Start();
         QCOMPARE(ResolutionText(), QString("640x480 800x600 1024x768 1280x720 1280x1024 1366x768 "
