@@ -21,23 +21,24 @@ const QString kPng = "{a0000000-0000-0000-0000-000000000001}";
 const QString kJpeg = "{b0000000-0000-0000-0000-000000000002}";
 const QString kTiff = "{c0000000-0000-0000-0000-000000000003}";
 
-std::unique_ptr<TestImagePlugin> MakePlugin(const QStringList& formats,
-                                            const QList<TestGroup>& groups = {},
-                                            const QStringList& disabled = {})
+std::unique_ptr<TestImagePlugin>
+MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
+           const QStringList& disabled = {},
+           const QStringList& readerUIDs = {QUuid::createUuid().toString()},
+           const QStringList& writerUIDs = {QUuid::createUuid().toString()})
 {
     TestImagePluginConfig config;
     config.formats = formats;
     config.groups = groups;
     config.disabled = disabled;
-    config.readerUIDs = QStringList{QUuid::createUuid().toString()};
-    config.writerUIDs = QStringList{QUuid::createUuid().toString()};
+    config.readerUIDs = readerUIDs;
+    config.writerUIDs = writerUIDs;
     return std::make_unique<TestImagePlugin>(config);
 }
 
 // Both signals of the manager, in the order they came.
-class SignalLog : public QObject
+struct SignalLog : QObject
 {
-public:
     SignalLog()
     {
         connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
@@ -98,8 +99,20 @@ private Q_SLOTS:
     void init() { Manager::InitInstance(); }
     void cleanup() { Manager::ReleaseInstance(); }
 
-    void withoutManagerEverythingIsNeutral()
+    // An empty manager, then none at all: every call answers neutrally.
+    void emptyThenNoManager()
     {
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedWriteGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
+        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QCOMPARE(Manager::GetFilterForWrite(), QString());
+        QVERIFY(!Manager::GetPluginForRead("png"));
+        QVERIFY(!Manager::Register(nullptr));
+        QVERIFY(!Manager::Unregister(nullptr));
+
         Manager::ReleaseInstance();
         auto plugin = MakePlugin({"png"});
         QVERIFY(!Manager::GetInstance());
@@ -117,21 +130,6 @@ private Q_SLOTS:
         QVERIFY(!Manager::Save(nullptr));
     }
 
-    void emptyManager()
-    {
-        Manager::InitInstance(); // a second call keeps the instance
-        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
-        QVERIFY(Manager::GetSupportedWriteGroups().isEmpty());
-        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
-        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
-        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
-        QCOMPARE(Manager::GetFilterForRead(), QString());
-        QCOMPARE(Manager::GetFilterForWrite(), QString());
-        QVERIFY(!Manager::GetPluginForRead("png"));
-        QVERIFY(!Manager::Register(nullptr));
-        QVERIFY(!Manager::Unregister(nullptr));
-    }
-
     void newestPluginServesASuffix()
     {
         auto older = MakePlugin({"png", "bmp"});
@@ -139,6 +137,7 @@ private Q_SLOTS:
         QVERIFY(Manager::Register(older.get()));
         QVERIFY(Manager::Register(newer.get()));
         QVERIFY(Manager::Register(newer.get())); // again: nothing changes
+        Manager::InitInstance();                 // a second call keeps the instance
         QCOMPARE(Manager::GetPluginForRead("PNG"), newer.get());
         QCOMPARE(Manager::GetPluginForWrite("png"), newer.get());
         QCOMPARE(Manager::GetPluginForRead("bmp"), older.get());
@@ -229,21 +228,12 @@ private Q_SLOTS:
 
     void duplicateUidsAreLoggedAndSkipped()
     {
-        TestImagePluginConfig config;
-        config.formats = QStringList{"png"};
-        config.readerUIDs = QStringList{"{r1}"};
-        config.writerUIDs = QStringList{"{w1}"};
-        TestImagePlugin first(config);
-        config.formats = QStringList{"bmp"};
-        config.readerUIDs = QStringList{"{r1}", "{r2}"};
-        config.writerUIDs = QStringList{"{w1}"};
-        TestImagePlugin second(config);
-
+        auto first = MakePlugin({"png"}, {}, {}, {"{r1}"}, {"{w1}"});
+        auto second = MakePlugin({"bmp"}, {}, {}, {"{r1}", "{r2}"}, {"{w1}"});
         LogCapture capture;
-        Manager::Register(&first);
-        Manager::Register(&second);
-        // The one line that log readers know by its number.
-        QStringList lines;
+        Manager::Register(first.get());
+        Manager::Register(second.get());
+        QStringList lines; // the one line that log readers know by its number
         for (const QString& line : capture.Lines())
             lines << line.mid(line.indexOf("Line="));
         const QString line =
@@ -254,10 +244,10 @@ private Q_SLOTS:
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));
         Manager::ReleaseWriter(Manager::CreateWriterByUID("{w1}"));
         QVERIFY(!Manager::CreateReaderByUID("{unknown}"));
-        QCOMPARE(first.m_readersMade, 1);
-        QCOMPARE(second.m_readersMade, 1);
-        QCOMPARE(first.m_writersMade, 1);
-        QCOMPARE(second.m_writersMade, 0);
+        QCOMPARE(first->m_readersMade, 1);
+        QCOMPARE(second->m_readersMade, 1);
+        QCOMPARE(first->m_writersMade, 1);
+        QCOMPARE(second->m_writersMade, 0);
     }
 
     void readersAndWritersGoBackToTheirPlugin()
