@@ -40,15 +40,13 @@ private Q_SLOTS:
     {
         QFETCH(int, flags);
         QFETCH(int, resolves);
-        const Stops stops{KVGradientStop(0.25, Qt::red, flags & 1, flags & 2, flags & 4)};
+        const KVGradientStop stop(0.25, Qt::red, flags & 1, flags & 2, flags & 4);
         for (const QColor& paper : {QColor(Qt::yellow), QColor(Qt::cyan)}) {
             const QColor ink = paper.darker();
             KVApplication::SetBackground(paper);
             KVApplication::SetForeground(ink);
             const QColor expected = QList<QColor>{paper, ink, Qt::black, Qt::red}[resolves];
-            QCOMPARE(stops[0].GetColor(), expected);
-            QCOMPARE(ToGradientStops(stops), QGradientStops({{0.25, expected}}));
-            QCOMPARE(ToReversedStops(stops), QGradientStops({{0.75, expected}}));
+            QCOMPARE(stop.GetColor(), expected);
         }
     }
 
@@ -86,25 +84,20 @@ private Q_SLOTS:
         QTest::newRow("Qt 3.3") << int(QDataStream::Qt_3_3) << QColor(200, 100, 0);
     }
 
+    // What is read back writes the same bytes: position, stored colour and flags.
     void roundTrip()
     {
         QFETCH(int, version);
         QFETCH(QColor, color);
         for (const KVGradientStop& stop : {KVGradientStop(0.1, color, true, false, true),
                                            KVGradientStop(0.7, color, false, true, false)}) {
-            QDataStream stream(Serialized(stop, version));
+            const QByteArray bytes = Serialized(stop, version);
+            QDataStream stream(bytes);
             stream.setVersion(version);
             KVGradientStop read;
             stream >> read;
             QCOMPARE(stream.status(), QDataStream::Ok);
-            QCOMPARE(read.GetPosition(), stop.GetPosition());
-            QCOMPARE(read.IsBackground(), stop.IsBackground());
-            QCOMPARE(read.IsForeground(), stop.IsForeground());
-            QCOMPARE(read.IsUserColor(), stop.IsUserColor());
-            read.SetBackground(false);
-            read.SetForeground(false);
-            read.SetUserColor(false);
-            QCOMPARE(read.GetColor(), color);
+            QCOMPARE(Serialized(read, version), bytes);
         }
     }
 

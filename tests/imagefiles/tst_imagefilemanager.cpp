@@ -21,23 +21,24 @@ const QString kPng = "{a0000000-0000-0000-0000-000000000001}";
 const QString kJpeg = "{b0000000-0000-0000-0000-000000000002}";
 const QString kTiff = "{c0000000-0000-0000-0000-000000000003}";
 
-std::unique_ptr<TestImagePlugin> MakePlugin(const QStringList& formats,
-                                            const QList<TestGroup>& groups = {},
-                                            const QStringList& disabled = {})
+std::unique_ptr<TestImagePlugin>
+MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
+           const QStringList& disabled = {},
+           const QStringList& readerUIDs = {QUuid::createUuid().toString()},
+           const QStringList& writerUIDs = {QUuid::createUuid().toString()})
 {
     TestImagePluginConfig config;
     config.formats = formats;
     config.groups = groups;
     config.disabled = disabled;
-    config.readerUIDs = QStringList{QUuid::createUuid().toString()};
-    config.writerUIDs = QStringList{QUuid::createUuid().toString()};
+    config.readerUIDs = readerUIDs;
+    config.writerUIDs = writerUIDs;
     return std::make_unique<TestImagePlugin>(config);
 }
 
 // Both signals of the manager, in the order they came.
-class SignalLog : public QObject
+struct SignalLog : QObject
 {
-public:
     SignalLog()
     {
         connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
@@ -98,8 +99,20 @@ private Q_SLOTS:
     void init() { Manager::InitInstance(); }
     void cleanup() { Manager::ReleaseInstance(); }
 
-    void withoutManagerEverythingIsNeutral()
+    // An empty manager, then none at all: every call answers neutrally.
+    void emptyThenNoManager()
     {
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedWriteGroups().isEmpty());
+        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
+        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QCOMPARE(Manager::GetFilterForWrite(), QString());
+        QVERIFY(!Manager::GetPluginForRead("png"));
+        QVERIFY(!Manager::Register(nullptr));
+        QVERIFY(!Manager::Unregister(nullptr));
+
         Manager::ReleaseInstance();
         auto plugin = MakePlugin({"png"});
         QVERIFY(!Manager::GetInstance());
@@ -117,21 +130,6 @@ private Q_SLOTS:
         QVERIFY(!Manager::Save(nullptr));
     }
 
-    void emptyManager()
-    {
-        Manager::InitInstance(); // a second call keeps the instance
-        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
-        QVERIFY(Manager::GetSupportedWriteGroups().isEmpty());
-        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
-        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
-        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
-        QCOMPARE(Manager::GetFilterForRead(), QString());
-        QCOMPARE(Manager::GetFilterForWrite(), QString());
-        QVERIFY(!Manager::GetPluginForRead("png"));
-        QVERIFY(!Manager::Register(nullptr));
-        QVERIFY(!Manager::Unregister(nullptr));
-    }
-
     void newestPluginServesASuffix()
     {
         auto older = MakePlugin({"png", "bmp"});
@@ -139,6 +137,7 @@ private Q_SLOTS:
         QVERIFY(Manager::Register(older.get()));
         QVERIFY(Manager::Register(newer.get()));
         QVERIFY(Manager::Register(newer.get())); // again: nothing changes
+        Manager::InitInstance();                 // a second call keeps the instance
         QCOMPARE(Manager::GetPluginForRead("PNG"), newer.get());
         QCOMPARE(Manager::GetPluginForWrite("png"), newer.get());
         QCOMPARE(Manager::GetPluginForRead("bmp"), older.get());
@@ -173,6 +172,7 @@ private Q_SLOTS:
         QVERIFY(!Manager::CreateReader("raw"));
     }
 
+    // Signals come for real changes of the tables only.
     void signalsFollowRealChanges()
     {
         SignalLog log;
@@ -205,45 +205,26 @@ private Q_SLOTS:
         auto fourth = MakePlugin({"jpg"}, {{kJpeg, "JPEG", {"jpg"}}});
         Manager::Register(fourth.get());
         QCOMPARE(log.Take(), QStringList({kAll, kJpeg, kAll, kJpeg}));
-    }
 
-    void destroyedPluginLeavesTheTables()
-    {
-        SignalLog log;
-        auto plugin = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
-        Manager::Register(plugin.get());
+        // A destroyed plug-in leaves the tables; an unregistered one is no longer watched.
+        fourth.reset();
+        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QVERIFY(!Manager::GetPluginForRead("jpg"));
+        QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"png"}));
+        Manager::Unregister(third.get());
         log.Take();
-        plugin.reset();
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, kAll, "groups", kPng}));
-        QVERIFY(!Manager::GetPluginForRead("png"));
-        QVERIFY(Manager::GetSupportedReadFormats().isEmpty());
-
-        // An unregistered plug-in is no longer watched.
-        auto other = MakePlugin({"bmp"});
-        Manager::Register(other.get());
-        Manager::Unregister(other.get());
-        log.Take();
-        other.reset();
+        third.reset();
         QCOMPARE(log.Take(), QStringList());
     }
 
     void duplicateUidsAreLoggedAndSkipped()
     {
-        TestImagePluginConfig config;
-        config.formats = QStringList{"png"};
-        config.readerUIDs = QStringList{"{r1}"};
-        config.writerUIDs = QStringList{"{w1}"};
-        TestImagePlugin first(config);
-        config.formats = QStringList{"bmp"};
-        config.readerUIDs = QStringList{"{r1}", "{r2}"};
-        config.writerUIDs = QStringList{"{w1}"};
-        TestImagePlugin second(config);
-
+        auto first = MakePlugin({"png"}, {}, {}, {"{r1}"}, {"{w1}"});
+        auto second = MakePlugin({"bmp"}, {}, {}, {"{r1}", "{r2}"}, {"{w1}"});
         LogCapture capture;
-        Manager::Register(&first);
-        Manager::Register(&second);
-        // The one line that log readers know by its number.
-        QStringList lines;
+        Manager::Register(first.get());
+        Manager::Register(second.get());
+        QStringList lines; // the one line that log readers know by its number
         for (const QString& line : capture.Lines())
             lines << line.mid(line.indexOf("Line="));
         const QString line =
@@ -254,10 +235,10 @@ private Q_SLOTS:
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));
         Manager::ReleaseWriter(Manager::CreateWriterByUID("{w1}"));
         QVERIFY(!Manager::CreateReaderByUID("{unknown}"));
-        QCOMPARE(first.m_readersMade, 1);
-        QCOMPARE(second.m_readersMade, 1);
-        QCOMPARE(first.m_writersMade, 1);
-        QCOMPARE(second.m_writersMade, 0);
+        QCOMPARE(first->m_readersMade, 1);
+        QCOMPARE(second->m_readersMade, 1);
+        QCOMPARE(first->m_writersMade, 1);
+        QCOMPARE(second->m_writersMade, 0);
     }
 
     void readersAndWritersGoBackToTheirPlugin()
