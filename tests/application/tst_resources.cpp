@@ -32,7 +32,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("expected");
         QTest::addColumn<QString>("log");
         const char* const rows[][4] = {
-            {"nothing loaded", "", "language= name:de= qt=Cancel", ""},
             {"German, with Qt's own file and a broken one", "de",
              "load:de=1 language=de name:de=Deutsch name:en=Englisch name:ru=Russian qt=Abbrechen",
              "broken"},
@@ -82,12 +81,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("output");
         QTest::addColumn<bool>("failureLogged");
         const QString dark = "sheet=QWidget { color: #eeeeee; background: #202020; }\\n";
-        const QString light = "sheet=QWidget { color: #101010; background: #f0f0f0; }\\n";
         QTest::newRow("dark by default, the first search path keeps winning")
             << "load set:2 load"
             << QString("load=1|%1|theme=1|stored=1|load=1|%1|theme=2|stored=2").arg(dark) << false;
-        QTest::newRow("light") << "set:2 load"
-                               << "load=1|" + light + "|theme=2|stored=2" << false;
         QTest::newRow("another root, read up to its zero byte")
             << "store::/Zero load"
             << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2" << false;
@@ -141,10 +137,6 @@ private Q_SLOTS:
         QCOMPARE(registered.count(), 2);
         QCOMPARE(registered.at(0).at(0).value<QAction*>(), &refine);
         QVERIFY(!app.GetRefineSelection());
-
-        KVApplication::SetGradient(QBrush(Qt::red));
-        QCOMPARE(KVApplication::GetGradient(), QBrush(Qt::red));
-        QVERIFY(!KVApplication::GetBrushFactory());
     }
 };
 
