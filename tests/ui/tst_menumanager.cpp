@@ -50,26 +50,14 @@ private Q_SLOTS:
         m_topLevel.clear();
     }
 
-    void withoutInstanceEverythingIsNeutral()
-    {
-        Menus::ReleaseInstance();
-        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File"));
-        QVERIFY(!Menus::CreateAction(Menus::FileMenu, 10) &&
-                !Menus::CreateMenu(Menus::FileMenu, 10));
-        Menus::Take(Menus::FileMenu, 10);
-        Menus::Setup(nullptr);
-    }
-
     // "a10" makes an action at 10, "m10" a submenu, "A10" and "M10" hand in the
     // caller's own; a taken position refuses all four.
     void entriesFollowTheirPositions_data()
     {
         QTest::addColumn<QString>("entries");
         QTest::addColumn<QString>("shown");
-        const char* const rows[][3] = {{"ascending", "a10 a20 a30", "10 20 30"},
-                                       {"between", "a10 a30 a20", "10 20 30"},
-                                       {"before a submenu", "m30 a10 M20 A5", "5 10 20 30"},
-                                       {"negative and gaps", "A100 m-4 a0 a1000", "-4 0 100 1000"},
+        const char* const rows[][3] = {{"between", "a10 a30 a20", "10 20 30"},
+                                       {"before a submenu", "m30 a-10 M20 A5", "-10 5 20 30"},
                                        {"taken", "a20 m20 A20 M20 a10", "10 20"}};
         for (const auto& row : rows)
             QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]);
@@ -141,7 +129,8 @@ private Q_SLOTS:
         QCOMPARE(Texts(file), QString("10 15 20"));
     }
 
-    // Whatever dies is forgotten: its position or role is free again.
+    // Whatever dies is forgotten: its position or role is free again. Without
+    // the manager every call is neutral.
     void destroyedObjectsAreForgotten()
     {
         QMenu* file = Top(Menus::FileMenu);
@@ -167,6 +156,12 @@ private Q_SLOTS:
         delete bar;
         Menus::ReleaseInstance(); // the menus outlive the manager
         QCOMPARE(file->actions().size(), 2);
+
+        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File"));
+        QVERIFY(!Menus::CreateAction(Menus::FileMenu, 10) &&
+                !Menus::CreateMenu(Menus::FileMenu, 10));
+        Menus::Take(Menus::FileMenu, 10);
+        Menus::Setup(nullptr);
     }
 };
 
