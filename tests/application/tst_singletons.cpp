@@ -12,22 +12,24 @@
 #include <MZExportResolutions.h>
 #include <MZExportSizes.h>
 
-#include <functional>
 #include <memory>
 
 namespace {
 // One manager's life cycle as a host sees it. The export preset lists have
-// no init: the application object starts them and releases them as it goes.
+// neither init nor release: the application object starts and ends them.
 struct Lifecycle
 {
-    std::function<void()> init;
-    std::function<void()> release;
-    std::function<QObject*()> instance;
+    const char* name;
+    void (*init)();
+    void (*release)();
+    QObject* (*instance)();
 };
 
-template <typename M> Lifecycle LifecycleOf()
+template <typename M>
+Lifecycle Of(void (*init)() = &M::InitInstance, void (*release)() = &M::ReleaseInstance)
 {
-    return {&M::InitInstance, &M::ReleaseInstance, [] { return (QObject*)M::GetInstance(); }};
+    return {M::staticMetaObject.className(), init, release,
+            [] { return (QObject*)M::GetInstance(); }};
 }
 } // namespace
 
@@ -37,28 +39,19 @@ class SingletonTest : public QObject
 {
     Q_OBJECT
 
-private:
     int m_argc = 1;
     char* m_argv[1] = {const_cast<char*>("tst_singletons")};
     std::unique_ptr<KVApplication> m_app;
-
-    QMap<QString, Lifecycle> Managers()
-    {
-        const auto releaseApplication = [this] { m_app.reset(); };
-        return {
-            {"KVImageFileManager", LifecycleOf<KVImageFileManager>()},
-            {"KVAdjustmentManager", LifecycleOf<KVAdjustmentManager>()},
-            {"KVBrushToolManager", LifecycleOf<KVBrushToolManager>()},
-            {"KVRecentManager", LifecycleOf<KVRecentManager>()},
-            {"KVMenuManager", LifecycleOf<KVMenuManager>()},
-            {"KVToolGroupManager", LifecycleOf<KVToolGroupManager>()},
-            {"KVToolBarManager", LifecycleOf<KVToolBarManager>()},
-            {"KVToolWidgetManager", LifecycleOf<KVToolWidgetManager>()},
-            {"MZExportResolutions",
-             {{}, releaseApplication, [] { return (QObject*)MZExportResolutions::GetInstance(); }}},
-            {"MZExportSizes",
-             {{}, releaseApplication, [] { return (QObject*)MZExportSizes::GetInstance(); }}}};
-    }
+    const QList<Lifecycle> m_managers = {Of<KVImageFileManager>(),
+                                         Of<KVAdjustmentManager>(),
+                                         Of<KVBrushToolManager>(),
+                                         Of<KVRecentManager>(),
+                                         Of<KVMenuManager>(),
+                                         Of<KVToolGroupManager>(),
+                                         Of<KVToolBarManager>(),
+                                         Of<KVToolWidgetManager>(),
+                                         Of<MZExportResolutions>(nullptr, nullptr),
+                                         Of<MZExportSizes>(nullptr, nullptr)};
 
 private Q_SLOTS:
     void init() { m_app.reset(new KVApplication(m_argc, m_argv)); }
@@ -66,8 +59,8 @@ private Q_SLOTS:
     // What a failed row left behind goes before the application object.
     void cleanup()
     {
-        for (const Lifecycle& manager : Managers()) {
-            if (manager.init)
+        for (const Lifecycle& manager : m_managers) {
+            if (manager.release)
                 manager.release();
         }
         m_app.reset();
@@ -75,17 +68,17 @@ private Q_SLOTS:
 
     void releaseClearsTheInstanceFirst_data()
     {
-        QTest::addColumn<QString>("name");
-        for (const QString& name : Managers().keys())
-            QTest::newRow(qPrintable(name)) << name;
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < m_managers.size(); ++i)
+            QTest::newRow(m_managers[i].name) << i;
     }
 
     // A slot on destroyed() that asks for the manager finds none rather than
     // the object being destroyed; a second init keeps the first instance.
     void releaseClearsTheInstanceFirst()
     {
-        QFETCH(QString, name);
-        const Lifecycle manager = Managers().value(name);
+        QFETCH(int, index);
+        const Lifecycle& manager = m_managers[index];
         if (manager.init) {
             manager.init();
             QObject* first = manager.instance();
@@ -95,15 +88,12 @@ private Q_SLOTS:
         QObject* instance = manager.instance();
         QVERIFY(instance);
         bool heard = false;
-        QObject* seen = instance;
         connect(instance, &QObject::destroyed, this, [&] {
             heard = true;
-            seen = manager.instance();
+            instance = manager.instance();
         });
-        manager.release();
-        QVERIFY(heard);
-        QVERIFY(!seen);
-        QVERIFY(!manager.instance());
+        manager.release ? manager.release() : m_app.reset();
+        QVERIFY(heard && !instance && !manager.instance());
     }
 };
 
