@@ -140,118 +140,95 @@ private Q_SLOTS:
     }
 
     // A file is read as it stands, bad entries skipped and up to the first
-    // missing index, and left alone until the first change, which rewrites
-    // the entries and removes stale keys only below the old key count.
-    void load_data()
+    // missing index, and left alone until the first change. A change is
+    // announced after the list changed and before the file is written, which
+    // rewrites the entries and removes stale keys only below the old key count.
+    void change_data()
     {
         QTest::addColumn<QString>("group");
         QTest::addColumn<QByteArray>("entries");
+        QTest::addColumn<QString>("call");   // an index and a size as they apply
+        QTest::addColumn<QString>("signal"); // empty: none, and nothing written
         QTest::addColumn<QString>("list");
-        QTest::addColumn<QStringList>("afterSet"); // of entry 0 to 640x480
+        QTest::addColumn<QStringList>("stored"); // empty: as the list is written
         const auto row = [](const QByteArray& name, const char* group, const QByteArray& entries,
-                            const QString& list, const QStringList& afterSet = {}) {
-            QTest::newRow(name) << QString(group) << entries << list << afterSet;
+                            const char* call, const char* signal, const QString& list,
+                            const QStringList& stored = {}) {
+            QTest::newRow(name) << QString(group) << entries << QString(call) << QString(signal)
+                                << list << stored;
         };
         for (const char* text : {"1920 x 1080", "1x10000"})
-            row(text, "Resolutions", "0=" + QByteArray(text) + "\n1=640x480\n",
+            row(text, "Resolutions", "0=" + QByteArray(text) + "\n1=640x480\n", "", "",
                 QString(text).remove(' ') + " 640x480");
         for (const char* bad : {"1920X1080", "1920x1080x1", "0x100", "10001x10", "4294967297x10"})
-            row(bad, "Resolutions", "0=" + QByteArray(bad) + "\n1=640x480\n", "640x480");
-        row("5000000000", "Sizes", "0=5000000000\n1=7\n", "5000000000 7");
+            row(bad, "Resolutions", "0=" + QByteArray(bad) + "\n1=640x480\n", "", "", "640x480");
+        row("5000000000", "Sizes", "0=5000000000\n1=7\n", "", "", "5000000000 7");
         for (const char* bad : {"0", "-5", "12abc", "9223372036854775808"})
-            row(bad, "Sizes", "0=" + QByteArray(bad) + "\n1=7\n", "7");
-        row("unsorted, a gap, a huge key", "Resolutions",
-            "0=1920x1080\n1=800x600\n2147483647=1x1\n", "1920x1080 800x600",
-            {"2.3.0", "0=640x480", "1=800x600", "2147483647=1x1"});
-        row("invalid middle", "Resolutions", "0=800x600\n1=abc\n2=1024x768\n", "800x600 1024x768",
-            Written("640x480 1024x768"));
+            row(bad, "Sizes", "0=" + QByteArray(bad) + "\n1=7\n", "", "", "7");
+        const char* gap = "0=1920x1080\n1=800x600\n2147483647=1x1\n";
+        row("unsorted, a gap, a huge key", "Resolutions", gap, "set 0 640x480", "Changhed 0",
+            "640x480 800x600", {"2.3.0", "0=640x480", "1=800x600", "2147483647=1x1"});
+        row("invalid middle", "Resolutions", "0=800x600\n1=abc\n2=1024x768\n", "set 0 640x480",
+            "Changhed 0", "640x480 1024x768");
+        // Before the first greater width, whatever the order.
+        row("add to unsorted", "Resolutions", gap, "add 1024x768", "Inserted 0",
+            "1024x768 1920x1080 800x600",
+            {"2.3.0", "0=1024x768", "1=1920x1080", "2=800x600", "2147483647=1x1"});
+        const char* two = "0=800x600\n1=1280x720\n";
+        row("add after equal widths", "Resolutions", two, "add 800x100", "Inserted 1",
+            "800x600 800x100 1280x720");
+        row("insert -5", "Resolutions", two, "insert -5 1x1", "Inserted 0", "1x1 800x600 1280x720");
+        row("insert 99", "Resolutions", two, "insert 99 1x1", "Inserted 2", "800x600 1280x720 1x1");
+        row("set 1", "Resolutions", two, "set 1 1x1", "Changhed 1", "800x600 1x1");
+        row("set 1 to the same", "Resolutions", two, "set 1 1280x720", "", "800x600 1280x720");
+        row("set 2", "Resolutions", two, "set 2 1x1", "", "800x600 1280x720");
+        row("remove 0", "Resolutions", two, "remove 0", "Removed 0", "1280x720");
+        row("remove -1", "Resolutions", two, "remove -1", "", "800x600 1280x720");
     }
 
-    void load()
+    void change()
     {
         QFETCH(QString, group);
         QFETCH(QByteArray, entries);
+        QFETCH(QString, call);
+        QFETCH(QString, signal);
         QFETCH(QString, list);
-        QFETCH(QStringList, afterSet);
+        QFETCH(QStringList, stored);
         WritePresets(group, entries);
         const QByteArray before = ReadFile(PresetFile(group));
         Start();
-        QCOMPARE(ListText(), list);
         QCOMPARE(ReadFile(PresetFile(group)), before);
-        if (!afterSet.isEmpty()) {
-            Resolutions::Set(0, QSize(640, 480));
-            QCOMPARE(Stored(group), afterSet);
-        }
-    }
-
-    void change_data()
-    {
-        QTest::addColumn<QString>("call"); // and an index
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QString>("signal"); // empty: none, and nothing written
-        QTest::addColumn<QString>("list");
-        const auto row = [](const char* call, QSize size, const char* signal, const char* list) {
-            QTest::newRow(call) << QString(call) << size << QString(signal) << QString(list);
-        };
-        const QSize any(100, 100);
-        row("add", {800, 100}, "Inserted 1", "800x600 800x100 1280x720"); // after equal widths
-        row("insert -5", any, "Inserted 0", "100x100 800x600 1280x720");
-        row("insert 99", any, "Inserted 2", "800x600 1280x720 100x100");
-        row("set 1", any, "Changhed 1", "800x600 100x100");
-        row("set 1 to the same", {1280, 720}, "", "800x600 1280x720");
-        row("set 2", any, "", "800x600 1280x720");
-        row("remove 0", any, "Removed 0", "1280x720");
-        row("remove -1", any, "", "800x600 1280x720");
-    }
-
-    // Signals come after the list changed and before the file is written.
-    void change()
-    {
-        QFETCH(QString, call);
-        QFETCH(QSize, size);
-        QFETCH(QString, signal);
-        QFETCH(QString, list);
-        WritePresets("Resolutions", "0=800x600\n1=1280x720\n");
-        Start();
-        QFile::remove(PresetFile("Resolutions"));
         QStringList seen;
         const auto record = [&](const char* name) {
             return [&, name](int at) {
                 seen << QString("%1 %2").arg(name).arg(at) << ListText()
-                     << QString::number(QFile::exists(PresetFile("Resolutions")));
+                     << QString::number(ReadFile(PresetFile(group)) != before);
             };
         };
         connect(Resolutions::GetInstance(), &Resolutions::Inserted, record("Inserted"));
         connect(Resolutions::GetInstance(), &Resolutions::Changhed, record("Changhed"));
         connect(Resolutions::GetInstance(), &Resolutions::Removed, record("Removed"));
 
-        const int index = call.section(' ', 1, 1).toInt();
-        if (call == "add")
+        const QStringList words = call.split(' ');
+        const QStringList side = words.last().split('x');
+        const QSize size(side.first().toInt(), side.last().toInt());
+        const int index = words.value(1).toInt();
+        if (words.first() == "add")
             QCOMPARE(Resolutions::Add(size), signal.section(' ', 1).toInt());
-        else if (call.startsWith("insert"))
+        else if (words.first() == "insert")
             Resolutions::Add(index, size);
-        else if (call.startsWith("set"))
+        else if (words.first() == "set")
             Resolutions::Set(index, size);
-        else
+        else if (words.first() == "remove")
             Resolutions::Remove(index);
 
         QCOMPARE(ListText(), list);
         const QStringList announced{signal, list, "0"};
         QCOMPARE(seen, signal.isEmpty() ? QStringList() : announced);
-        QCOMPARE(Stored("Resolutions"), signal.isEmpty() ? QStringList{""} : Written(list));
-    }
-
-    // Set leaves the entry where it is, and Add then takes the first greater
-    // value's place whatever the order.
-    void addAfterSet()
-    {
-        WritePresets("Sizes", "0=100\n1=500\n2=1000\n");
-        Start();
-        Sizes::Set(0, 2000);
-        QCOMPARE(Sizes::Add(700), 0);
-        m_app.reset();
-        Start();
-        QCOMPARE(ListText(), QString("700 2000 500 1000"));
+        if (signal.isEmpty())
+            QCOMPARE(ReadFile(PresetFile(group)), before);
+        else
+            QCOMPARE(Stored(group), stored.isEmpty() ? Written(list) : stored);
     }
 
     void getOutOfRange()
