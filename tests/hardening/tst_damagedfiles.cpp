@@ -56,10 +56,9 @@ private Q_SLOTS:
         QFETCH(SettingsRow, row);
         const QByteArray file = SettingsRowFile(row);
         const QByteArray left = SettingsRowFile(row, true);
-        WriteFile(m_user, left);
+        WriteFile(m_user, left); // the repaired file, safe to read with plain QSettings
         const QStringList keys = QSettings(m_user, QSettings::IniFormat).allKeys();
-        const QVariant plain =
-            row.damaged ? QVariant() : QSettings(m_user, QSettings::IniFormat).value("Plugin/Key");
+        const QVariant plain = QSettings(m_user, QSettings::IniFormat).value("Plugin/Key");
         WriteFile(m_user, file);
         LogCapture log;
         KVApplication app(m_argc, m_argv);
