@@ -34,14 +34,6 @@ QByteArray Region(const QByteArray& operations)
     return Variant(Stream(quint32(QMetaType::QRegion)) + Stream(operations));
 }
 
-QByteArray Nested(int depth)
-{
-    QByteArray bytes;
-    for (int i = 0; i < depth; ++i)
-        bytes += Stream(quint32(QMetaType::QVariantList), quint32(1));
-    return Variant(bytes + Stream(quint32(QMetaType::Int), qint32(7)));
-}
-
 // Variants in variants: four bytes a level, "\0\0\0)" as the file holds
 // them (41, the variant type, is a closing parenthesis).
 QByteArray NestedVariants(int depth)
@@ -62,16 +54,15 @@ QVector<SettingsRow> SettingsRows()
     return {
         // Qt reads these, oddly or not at all, and goes on.
         {"string list claiming sixteen strings", "@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)", false},
-        {"string list claiming a million strings",
-         Variant(Stream(quint32(QMetaType::QStringList), quint32(1 << 20))), false},
         {"count beyond an int: nothing reserved",
          Variant(Stream(quint32(QMetaType::QStringList), quint32(0xffffffff))), false},
         {"colour of an unknown model",
          "@Variant(\\0\\0\\0\\x43\\x11\\xff\\xff\\0\\0\\0\\0\\0\\0\\0\\0)", false},
-        {"colour cut short", "@Variant(\\0\\0\\0\\x43\\xf\\x28)", false},
-        {"lists nested a hundred deep", Nested(100), false},
+        {"lists nested a hundred deep",
+         Variant(Stream(quint32(QMetaType::QVariantList), quint32(1)).repeated(100) +
+                 Stream(quint32(QMetaType::Int), qint32(7))),
+         false},
         {"region claiming sixteen rectangles", Region(Stream(qint32(10), quint32(16))), false},
-
         {"unknown type by name ahead of a polygon",
          Variant(Stream(quint32(127), QByteArray("NoSuchType")) + kPolygon.mid(4)), false},
         {"integer in a date's stream", "@DateTime(\\0\\0\\0\\x2\\0\\0\\0\\0\\x5)", false},
@@ -81,10 +72,6 @@ QVector<SettingsRow> SettingsRows()
         {"string list count", Variant(Stream(quint32(QMetaType::QStringList), kHuge)), true},
         {"polygon count", Variant(kPolygon), true},
         {"hex-escaped at sign", "\\x40" + Variant(kPolygon).mid(1), true},
-        {"octal-escaped at sign", "\\100" + Variant(kPolygon).mid(1), true},
-        {"quoted, trailing spaces", "\"" + Variant(kPolygon) + "\"   ", true},
-        {"comment after the value", Variant(kPolygon) + " ; note", true, "", "@Invalid(); note"},
-        {"list element", "a, " + Variant(kPolygon), true},
         {"gradient stops", Variant(Stream(quint32(QMetaType::QBrush)) + stops), true},
         {"pen dashes",
          Variant(Stream(quint32(77), quint8(1), 2.0, quint8(Qt::SolidPattern), qint8(1),
@@ -93,9 +80,6 @@ QVector<SettingsRow> SettingsRows()
          true},
         {"palette of gradients", Variant(Stream(quint32(QMetaType::QPalette)) + stops), true},
         {"region rectangles", Region(Stream(qint32(10), kHuge)), true},
-        // Its height wraps around as an int and passes Qt's limit.
-        {"region ellipse", Region(Stream(qint32(2), QRect(QPoint(0, 0), QPoint(65535, kHuge)))),
-         true},
         {"region ellipse that takes seconds",
          Region(Stream(qint32(2), QRect(QPoint(0x547830, 0x4c), QPoint(0x78300000, 0xfffe)))),
          true},
@@ -103,23 +87,16 @@ QVector<SettingsRow> SettingsRows()
          Region(Stream(qint32(3), quint32(3), QPoint(0, -(1 << 30)), QPoint(10, 1 << 30),
                        QPoint(20, -(1 << 30)))),
          true},
-        // Qt refuses it with a region that crashes when it is used.
-        {"region ellipse taller than Qt takes",
-         Region(Stream(qint32(2), QRect(0, 0, 65535, kHuge))), true},
         {"region of two regions",
          Region(Stream(qint32(6), Stream(qint32(1), QRect(0, 0, 4, 4)), Stream(qint32(10), kHuge))),
          true},
-        {"polygon in a map",
-         Variant(Stream(quint32(QMetaType::QVariantMap), quint32(1), QString("a")) + kPolygon),
-         true},
+        // The key fails to read; Qt still reads the value.
         {"map key of odd length ahead of a polygon",
          Variant(Stream(quint32(QMetaType::QVariantMap), quint32(1), quint32(1)) + kPolygon), true},
         {"polygon in a variant", Variant(Stream(quint32(QMetaType::QVariant)) + kPolygon), true},
         {"polygon in a text format",
          Variant(Stream(quint32(79), qint32(1), quint32(1), qint32(5)) + kPolygon), true},
         {"polygon in a date's stream", "@DateTime(\\0\\0\\0G\\0\\x7f\\xff\\xff\\xff)", true},
-        {"polygon of reals by name", Variant(Stream(quint32(127), QByteArray("QPolygonF"), kHuge)),
-         true},
         {"polygon of reals beyond an int",
          Variant(Stream(quint32(127), QByteArray("QPolygonF"), quint32(0x80000000))), true},
         // 0xa8 is Qt 4's number of the polygon; after a byte order mark it
@@ -139,5 +116,6 @@ QByteArray SettingsRowFile(const SettingsRow& row, bool repaired)
     return row.start +
            "[General]\nVersion=2.4.0\nTexturePatternIndex=4\n[Colors]\nBackground=@Variant(\\0\\0"
            "\\0\\x43\\x1\\xff\\xff\\xff\\xff\\0\\0\\0\\0\\0\\0)\n[Plugin]\nKey=" +
-           (repaired && row.damaged ? row.repaired : row.value) + "\n[Save]\nPathOpen=/pictures\n";
+           (repaired && row.damaged ? QByteArray("@Invalid()") : row.value) +
+           "\n[Save]\nPathOpen=/pictures\n";
 }

@@ -12,8 +12,7 @@ struct SettingsRow
     const char* name = "";
     QByteArray value; // as the INI file holds it
     bool damaged = false;
-    QByteArray start = QByteArray();    // what the file starts with, before any section
-    QByteArray repaired = "@Invalid()"; // the value as the repair leaves it
+    QByteArray start = QByteArray(); // what the file starts with, before any section
 };
 Q_DECLARE_METATYPE(SettingsRow)
 
@@ -21,5 +20,5 @@ QVector<SettingsRow> SettingsRows();
 
 // A file holding the row's value among others: top-level keys, the value in
 // a section of its own ("Plugin/Key"), and a section after it. With
-// repaired, the value as the repair leaves a damaged one.
+// repaired, a damaged value as the repair leaves it.
 QByteArray SettingsRowFile(const SettingsRow& row, bool repaired = false);

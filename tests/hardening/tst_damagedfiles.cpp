@@ -8,31 +8,18 @@
 #include <KVRecentManager.h>
 #include <MZExportResolutions.h>
 
-#include <QBitArray>
-#include <QCborArray>
-#include <QCborValue>
-#include <QColorSpace>
 #include <QConicalGradient>
 #include <QDataStream>
 #include <QFont>
 #include <QImage>
-#include <QJsonDocument>
 #include <QKeySequence>
 #include <QLinearGradient>
-#include <QMatrix4x4>
 #include <QPalette>
 #include <QPen>
 #include <QPolygon>
-#include <QQuaternion>
 #include <QRadialGradient>
 #include <QRegion>
-#include <QRegularExpression>
 #include <QTextCharFormat>
-#include <QTextLength>
-#include <QUuid>
-#include <QVector2D>
-#include <QVector3D>
-#include <QVector4D>
 
 namespace {
 QString PreferencesFile(const QString& name)
@@ -69,10 +56,9 @@ private Q_SLOTS:
         QFETCH(SettingsRow, row);
         const QByteArray file = SettingsRowFile(row);
         const QByteArray left = SettingsRowFile(row, true);
-        WriteFile(m_user, left);
+        WriteFile(m_user, left); // the repaired file, safe to read with plain QSettings
         const QStringList keys = QSettings(m_user, QSettings::IniFormat).allKeys();
-        const QVariant plain =
-            row.damaged ? QVariant() : QSettings(m_user, QSettings::IniFormat).value("Plugin/Key");
+        const QVariant plain = QSettings(m_user, QSettings::IniFormat).value("Plugin/Key");
         WriteFile(m_user, file);
         LogCapture log;
         KVApplication app(m_argc, m_argv);
@@ -122,10 +108,10 @@ private Q_SLOTS:
                 .replace("Key=", "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\nOld=");
         KVApplication app(m_argc, m_argv);
         QByteArray expected;
-        for (const QByteArray& version : {QByteArray("1"), QByteArray("2"), QByteArray("3")}) {
-            WriteFile(m_user, damaged + "Version" + version + "=1\n");
+        for (const char* copy : {"1", "2", "3"}) {
+            expected += damaged + "Copy" + copy + "=1\n";
+            WriteFile(m_user, damaged + "Copy" + copy + "=1\n");
             QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
-            expected += damaged + "Version" + version + "=1\n";
             QCOMPARE(ReadFile(m_user + ".damaged") + ReadFile(m_user + ".damaged.2") +
                          ReadFile(m_user + ".damaged.3"),
                      expected);
@@ -139,126 +125,78 @@ private Q_SLOTS:
         linear.setStops({{0.0, Qt::red}, {0.5, Qt::green}, {1.0, Qt::blue}});
         QRadialGradient radial(5, 5, 3);
         radial.setColorAt(1.0, Qt::yellow);
-        QConicalGradient conical(1, 2, 30);
-        conical.setColorAt(0.5, Qt::magenta);
         QPen pen(QBrush(linear), 2.5);
         pen.setDashPattern({1.0, 2.0, 3.0, 4.0});
         QTextCharFormat format;
         format.setForeground(QBrush(radial));
-        format.setFontWeight(QFont::Bold);
         QPalette palette;
-        palette.setBrush(QPalette::Window, QBrush(linear));
+        palette.setBrush(QPalette::Window, QBrush(QConicalGradient(1, 2, 30)));
         QImage image(2, 3, QImage::Format_ARGB32);
         image.fill(Qt::cyan);
+        // One row for each type whose decoding the check follows itself.
         QTest::newRow("polygon") << QVariant(QPolygon(QVector<QPoint>{{1, 2}, {3, 4}, {5, 6}}));
         QTest::newRow("polygonF") << QVariant(QPolygonF(QVector<QPointF>{{1.5, 2}, {3, 4.5}}));
-        QTest::newRow("linear gradient") << QVariant(QBrush(linear));
-        QTest::newRow("radial gradient") << QVariant(QBrush(radial));
-        QTest::newRow("conical gradient") << QVariant(QBrush(conical));
-        QTest::newRow("pen") << QVariant(pen);
-        QTest::newRow("palette") << QVariant(palette);
+        QTest::newRow("pen, linear gradient") << QVariant(pen);
+        QTest::newRow("palette, conical gradient") << QVariant(palette);
+        QTest::newRow("text format, radial gradient") << QVariant(QTextFormat(format));
         QTest::newRow("region") << QVariant(QRegion(0, 0, 10, 10) + QRegion(20, 20, 5, 5));
-        QTest::newRow("text format") << QVariant(QTextFormat(format));
-        QTest::newRow("key sequence") << QVariant(QKeySequence("Ctrl+Shift+S, Ctrl+W"));
-        QTest::newRow("font") << QVariant(QFont("Sans", 12));
-        QTest::newRow("image") << QVariant(image);
         QTest::newRow("date and time") << QVariant(QDateTime(QDate(2026, 11, 21), QTime(10, 15)));
-        QTest::newRow("map of many kinds") << QVariant(
-            QVariantMap{{"a", QPolygon(QVector<QPoint>{{1, 2}})},
-                        {"b", QStringList{"x", "y"}},
-                        {"c", QColor(Qt::red)},
-                        {"d", QDate(2026, 11, 21)},
-                        {"e", QRectF(1, 2, 3, 4)},
-                        {"f", QVariantList{1, "two", QSizeF(1, 2), QVariantList{QPointF(1, 2)}}},
-                        {"g", QByteArray("bytes")},
-                        {"h", QUrl("file:///tmp")},
-                        {"i", QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed)},
-                        {"j", QTransform(1, 2, 3, 4, 5, 6)},
-                        {"k", QKeySequence("Ctrl+S")},
-                        {"l", QVariant()},
-                        {"m", QFont("Sans", 9)}});
-        QTest::newRow("map of more kinds") << QVariant(QVariantMap{
-            {"a", QVariant::fromValue(QBitArray(11, true))},
-            {"b", QVariant::fromValue(QRegExp("a+b", Qt::CaseInsensitive))},
-            {"c",
-             QVariant::fromValue(QRegularExpression("x*", QRegularExpression::MultilineOption))},
-            {"d", QVariant::fromValue(QUuid::createUuid())},
-            {"e", QVariant::fromValue(QLocale(QLocale::German))},
-            {"f", QVariant::fromValue(QChar(0x263a))},
-            {"g", QVariant::fromValue(QLineF(1, 2, 3, 4))},
-            {"h", QVariant::fromValue(QVector3D(1, 2, 3))},
-            {"i", QVariant::fromValue(QQuaternion(1, 2, 3, 4))},
-            {"j", QVariant::fromValue(QMatrix4x4())},
-            {"k", QVariant::fromValue(QTextLength(QTextLength::PercentageLength, 50))},
-            {"l", QVariant::fromValue(QByteArrayList{"x", "yz"})},
-            {"m", QVariant::fromValue(QVariantHash{{"n", QTime(1, 2)}})},
-            {"n", QVariant::fromValue(QColorSpace(QColorSpace::SRgb))},
-            {"o", QVariant::fromValue(QJsonDocument::fromJson("{\"k\": [1, 2]}"))},
-            {"p", QVariant::fromValue(QCborValue(QCborArray{1, "two"}))},
-            {"q", QVariant::fromValue(short(-3))},
-            {"r", QVariant::fromValue(2.5f)},
-            {"s", QVariant::fromValue(char('c'))},
-            {"t", QVariant::fromValue(long(5))},
-            {"u", QVariant::fromValue(QVector2D(1, 2))},
-            {"v", QVariant::fromValue(QVector4D(1, 2, 3, 4))},
-            {"w", QVariant::fromValue(QPoint(1, 2))},
-            {"x", QVariant::fromValue(QMatrix(1, 2, 3, 4, 5, 6))}});
+        QTest::newRow("containers, and types Qt decodes")
+            << QVariant(QVariantMap{{"a", QStringList{"x", "y"}},
+                                    {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
+                                    {"c", QVariantHash{{"n", QTime(1, 2)}}},
+                                    {"d", QVariantList{1, "two", QVariantList{QPointF(1, 2)}}},
+                                    {"f", QKeySequence("Ctrl+Shift+S, Ctrl+W")},
+                                    {"g", QColor(Qt::red)},
+                                    {"h", QVariant()},
+                                    {"i", image},
+                                    {"j", QFont("Sans", 9)}});
     }
 
-    // Written by QSettings alone and among other values, the library must
-    // not take them for damage; ahead of a polygon in one list, the check must
-    // follow each to its exact end to find the polygon out once its count
-    // claims too much.
+    // Alone, in a list ahead of a polygon and last in a map (where a font's
+    // or an image's end is not followed), the library must not take them for
+    // damage; it must follow each to its exact end to find the polygon out
+    // once its count claims too much.
     void valuesThatQtWrites()
     {
         QFETCH(QVariant, value);
+        const QVariantList list{value, QPolygon(QVector<QPoint>{{7, 7}})};
         {
             QSettings settings(m_user, QSettings::IniFormat);
             settings.setValue("Version", "2.4.0");
             settings.setValue("Colors/Background", QColor(Qt::red));
             settings.setValue("Plugin/Alone", value);
-            settings.setValue("Plugin/InList", QVariantList{value, value});
-            // Last in the map: a font's or an image's end is not followed.
+            settings.setValue("Plugin/InList", list);
             settings.setValue("Plugin/InMap", QVariantMap{{"a", 7}, {"z", value}});
         }
         KVApplication app(m_argc, m_argv);
         QCOMPARE(KVApplication::GetBackground(), QColor(Qt::red));
         QCOMPARE(KVApplication::GetUserValue("Plugin/Alone"), value);
+        QCOMPARE(KVApplication::GetUserValue("Plugin/InList"), QVariant(list));
         QVERIFY(!QFile::exists(m_user + ".damaged"));
-        KVApplication::SetPathOpen("/pictures");
-        QCOMPARE(QSettings(m_user, QSettings::IniFormat).value("Save/PathOpen").toString(),
-                 QString("/pictures"));
 
         QByteArray bytes;
         QDataStream out(&bytes, QIODevice::WriteOnly);
         out.setVersion(QDataStream::Qt_4_0);
-        out << QVariant(QVariantList{value, QPolygon(QVector<QPoint>{{7, 7}})});
-        const auto userFile = [](const QByteArray& variant) {
-            QByteArray escaped;
-            for (const char byte : variant)
-                escaped += "\\x" + QByteArray::number(uchar(byte), 16);
-            return "[General]\nTexturePatternIndex=4\n[Plugin]\nKey=@Variant(" + escaped + ")\n";
-        };
-        WriteFile(m_user, userFile(bytes));
-        QCOMPARE(KVApplication::GetUserValue("Plugin/Key"),
-                 QSettings(m_user, QSettings::IniFormat).value("Plugin/Key"));
-        WriteFile(m_user, userFile(bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff")));
+        out << QVariant(list);
+        QByteArray escaped;
+        for (const char byte : bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff"))
+            escaped += "\\x" + QByteArray::number(uchar(byte), 16);
+        WriteFile(m_user,
+                  "[General]\nTexturePatternIndex=4\n[Plugin]\nKey=@Variant(" + escaped + ")\n");
         QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
         QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
     }
 
     void presetListKeepsWhatItCanRead_data()
     {
-        const QByteArray damaged = "@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)";
-        const QByteArray list = "[Resolutions]\n0=1234x567\n1=2000x1000\n";
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("odd value beside the list")
-            << "[General]\nVersion=2.3.0\nOdd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n" + list;
-        QTest::newRow("damaged value in another section")
-            << "[General]\nVersion=2.3.0\n" + list + "[Other]\nKey=" + damaged + "\n";
+            << QByteArray("[General]\nVersion=2.3.0\nOdd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n"
+                          "[Resolutions]\n0=1234x567\n1=2000x1000\n");
         QTest::newRow("damaged entry")
-            << "[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n1=" + damaged +
-                   "\n2=2000x1000\n";
+            << QByteArray("[General]\nVersion=2.3.0\n[Resolutions]\n0=1234x567\n"
+                          "1=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n2=2000x1000\n");
     }
 
     // A file with "Version" is read as its keys stand, bad entries skipped;
@@ -276,8 +214,6 @@ private Q_SLOTS:
         }
         KVApplication app(m_argc, m_argv);
         QCOMPARE(MZExportResolutions::GetList(), QList<QSize>{QSize(800, 600)} + read);
-        QCOMPARE(QSettings(path, QSettings::IniFormat).value("Version").toString(),
-                 QString("2.3.0"));
     }
 
     void gradientStopWithUnknownColourModelIsCorrupt_data()
@@ -286,7 +222,6 @@ private Q_SLOTS:
         QTest::addColumn<bool>("read");
         QTest::newRow("extended RGB") << int(QColor::ExtendedRgb) << true;
         QTest::newRow("one past the last") << int(QColor::ExtendedRgb) + 1 << false;
-        QTest::newRow("beyond the enumeration") << 9 << false;
         QTest::newRow("negative") << -1 << false;
     }
 

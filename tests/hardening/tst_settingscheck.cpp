@@ -4,7 +4,8 @@
 #include <QGuiApplication>
 #include <QtTest>
 
-// The check over a file's bytes: harmless values stay, damaged ones become "@Invalid()".
+// The check over a file's bytes: harmless values stay, damaged ones become
+// "@Invalid()", and a repaired file needs no further repair.
 class SettingsCheckTest : public QObject
 {
     Q_OBJECT
@@ -16,23 +17,10 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("repaired");
         for (const SettingsRow& row : SettingsRows())
             QTest::newRow(row.name) << SettingsRowFile(row) << SettingsRowFile(row, true);
-    }
 
-    void repair()
-    {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, repaired);
-        QCOMPARE(KVSettingsCheck::Repaired(file), repaired);
-        QCOMPARE(KVSettingsCheck::Repaired(repaired), repaired);
-    }
-
-    // Where QSettings' own line syntax puts a value's end and its elements.
-    void lineSyntax_data()
-    {
+        // Where QSettings' own line syntax puts a value's end and its elements.
         const QByteArray polygon = "@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)";
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("repaired");
-        QTest::newRow("two damaged values, one good between")
+        QTest::newRow("two damaged values, one in a list, one good between")
             << "a=" + polygon + "\nb=1\r\nc=x, " + polygon + "\n"
             << QByteArray("a=@Invalid()\nb=1\r\nc=@Invalid()\n");
         QTest::newRow("value in quotes over two lines")
@@ -52,11 +40,12 @@ private Q_SLOTS:
                                                   << QByteArray("a=@Invalid();" + polygon + "\n");
     }
 
-    void lineSyntax()
+    void repair()
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, repaired);
         QCOMPARE(KVSettingsCheck::Repaired(file), repaired);
+        QCOMPARE(KVSettingsCheck::Repaired(repaired), repaired);
     }
 };
 

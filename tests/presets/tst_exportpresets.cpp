@@ -1,5 +1,4 @@
 #include "../hardening/IniText.h"
-#include "BundleFixture.h"
 #include "TestSupport.h"
 
 #include <KVApplication.h>
@@ -16,9 +15,9 @@ using Resolutions = MZExportResolutions;
 using Sizes = MZExportSizes;
 
 namespace {
-QString PresetFile(const QString& group, const QString& home = KVTest::HomePath())
+QString PresetFile(const QString& group)
 {
-    return home + "/Library/Preferences/Pelkaro AB/Pelkaro/exportandshare" +
+    return KVTest::HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro/exportandshare" +
            (group == "Sizes" ? "size.ini" : "resolution.ini");
 }
 
@@ -29,45 +28,35 @@ void WritePresets(const QString& group, const QByteArray& entries)
                       "[General]\nVersion=1.0\n[" + group.toLatin1() + "]\n" + entries));
 }
 
-QString Stored(const QString& path, const QString& key)
-{
-    return QSettings(path, QSettings::IniFormat).value(key).toString();
-}
-
-// The group as "key=value" lines, in numeric key order.
-QStringList StoredGroup(const QString& group)
+// The file's version, then its group as "key=value" lines in numeric key order.
+QStringList Stored(const QString& group)
 {
     QSettings settings(PresetFile(group), QSettings::IniFormat);
+    QStringList lines{settings.value("Version").toString()};
     settings.beginGroup(group);
     QStringList keys = settings.childKeys();
     std::sort(keys.begin(), keys.end(),
               [](const QString& a, const QString& b) { return a.toLongLong() < b.toLongLong(); });
-    QStringList lines;
     for (const QString& key : keys)
         lines << key + '=' + settings.value(key).toString();
     return lines;
 }
 
-// "a b c" as a group stores it: "0=a", "1=b", "2=c".
-QStringList Numbered(const QString& list)
+// "a b c" as this release writes it: "2.3.0", "0=a", "1=b", "2=c".
+QStringList Written(const QString& list)
 {
-    QStringList lines;
+    QStringList lines{"2.3.0"};
     for (const QString& value : list.split(' ', Qt::SkipEmptyParts))
-        lines << QString("%1=%2").arg(lines.size()).arg(value);
+        lines << QString("%1=%2").arg(lines.size() - 1).arg(value);
     return lines;
 }
 
-QString ResolutionText()
+// Both lists as "1920x1080 640x480 102400 256000".
+QString ListText()
 {
     QStringList texts;
     for (const QSize& size : Resolutions::GetList())
         texts << QString("%1x%2").arg(size.width()).arg(size.height());
-    return texts.join(' ');
-}
-
-QString SizeText()
-{
-    QStringList texts;
     for (long long size : Sizes::GetList())
         texts << QString::number(size);
     return texts.join(' ');
@@ -106,28 +95,23 @@ private Q_SLOTS:
 
     void cleanup() { m_app.reset(); }
 
-    // Without an instance, before the application object and after it, the
-    // lists read as empty and changes are ignored.
+    // Once the application object is gone, the lists read as empty and
+    // changes are ignored.
     void neutralWithoutInstance()
     {
-        for (const bool started : {false, true}) {
-            if (started) {
-                Start();
-                m_app.reset();
-            }
-            const QByteArray file = ReadFile(PresetFile("Resolutions"));
-            QCOMPARE(Resolutions::GetSize(), -1);
-            QCOMPARE(Sizes::GetSize(), -1);
-            QVERIFY(Resolutions::GetList().isEmpty() && Sizes::GetList().isEmpty());
-            QCOMPARE(Resolutions::Get(0), QSize(-1, -1));
-            QCOMPARE(Sizes::Get(0), -1LL);
-            QCOMPARE(Resolutions::Add(QSize(10, 10)), -1);
-            QCOMPARE(Sizes::Add(10), -1);
-            Resolutions::Add(0, QSize(10, 10));
-            Resolutions::Set(0, QSize(10, 10));
-            Resolutions::Remove(0);
-            QCOMPARE(ReadFile(PresetFile("Resolutions")), file);
-        }
+        Start();
+        m_app.reset();
+        QCOMPARE(Resolutions::GetSize(), -1);
+        QCOMPARE(Sizes::GetSize(), -1);
+        QCOMPARE(ListText(), QString());
+        QCOMPARE(Resolutions::Get(0), QSize(-1, -1));
+        QCOMPARE(Sizes::Get(0), -1LL);
+        QCOMPARE(Resolutions::Add(QSize(10, 10)), -1);
+        QCOMPARE(Sizes::Add(10), -1);
+        Resolutions::Add(0, QSize(10, 10));
+        Resolutions::Set(0, QSize(10, 10));
+        Resolutions::Remove(0);
+        QCOMPARE(Stored("Resolutions"), QStringList{"1.0"});
     }
 
     void firstUseWritesDefaults_data()
@@ -147,155 +131,104 @@ private Q_SLOTS:
                 QVERIFY(WriteFile(PresetFile(group), existing));
         }
         Start();
-        QCOMPARE(ResolutionText(), QString("640x480 800x600 1024x768 1280x720 1280x1024 1366x768 "
-                                           "1600x900 1920x1080 2560x1440 3840x2160"));
-        QCOMPARE(SizeText(), QString("102400 256000 512000 1048576 2097152 5242880 10485760"));
-        QCOMPARE(StoredGroup("Resolutions"), Numbered(ResolutionText()));
-        QCOMPARE(StoredGroup("Sizes"), Numbered(SizeText()));
-        QCOMPARE(Stored(PresetFile("Resolutions"), "Version"), QString("2.3.0"));
-        QCOMPARE(Stored(PresetFile("Sizes"), "Version"), QString("2.3.0"));
+        const QString resolutions = "640x480 800x600 1024x768 1280x720 1280x1024 1366x768 "
+                                    "1600x900 1920x1080 2560x1440 3840x2160";
+        const QString sizes = "102400 256000 512000 1048576 2097152 5242880 10485760";
+        QCOMPARE(ListText(), resolutions + ' ' + sizes);
+        QCOMPARE(Stored("Resolutions"), Written(resolutions));
+        QCOMPARE(Stored("Sizes"), Written(sizes));
     }
 
-    // A file is read as it stands and left alone until the first change,
-    // which rewrites the entries and removes stale keys only below the old
-    // key count.
-    void load_data()
+    // A file is read as it stands, bad entries skipped and up to the first
+    // missing index, and left alone until the first change. A change is
+    // announced after the list changed and before the file is written, which
+    // rewrites the entries and removes stale keys only below the old key count.
+    void change_data()
     {
         QTest::addColumn<QString>("group");
         QTest::addColumn<QByteArray>("entries");
+        QTest::addColumn<QString>("call");   // an index and a size as they apply
+        QTest::addColumn<QString>("signal"); // empty: none, and nothing written
         QTest::addColumn<QString>("list");
-        QTest::addColumn<QStringList>("afterSet"); // of entry 0 to 640x480
+        QTest::addColumn<QStringList>("stored"); // empty: as the list is written
         const auto row = [](const QByteArray& name, const char* group, const QByteArray& entries,
-                            const char* list, const QStringList& afterSet = {}) {
-            QTest::newRow(name) << QString(group) << entries << QString(list) << afterSet;
+                            const char* call, const char* signal, const QString& list,
+                            const QStringList& stored = {}) {
+            QTest::newRow(name) << QString(group) << entries << QString(call) << QString(signal)
+                                << list << stored;
         };
-        // One value, then one that must still be read.
-        const auto resolution = [&](const QByteArray& text, const char* list) {
-            row("resolution " + text, "Resolutions", "0=" + text + "\n1=640x480\n", list);
-        };
-        resolution("1920x1080", "1920x1080 640x480");
-        resolution("1920 x 1080", "1920x1080 640x480");
-        resolution("1x10000", "1x10000 640x480");
-        for (const char* bad : {"1920X1080", "1920x", "x1080", "1920x1080x1", "0x100", "10001x10",
-                                "-5x10", "4294967297x10", "abc", ""})
-            resolution(bad, "640x480");
-        const auto size = [&](const QByteArray& text, const char* list) {
-            row("size " + text, "Sizes", "0=" + text + "\n1=7\n", list);
-        };
-        size("5000000000", "5000000000 7");
-        size("9223372036854775807", "9223372036854775807 7");
-        for (const char* bad : {"0", "-5", "12abc", "9223372036854775808", "abc"})
-            size(bad, "7");
-        const QByteArray huge(100000, '9');
-        row("huge size", "Sizes", "0=" + huge + "\n", "");
-        row("huge resolution", "Resolutions", "0=" + huge + "x1\n", "");
-        row("unsorted", "Resolutions", "0=1920x1080\n1=800x600\n", "1920x1080 800x600",
-            {"0=640x480", "1=800x600"});
-        row("gap", "Resolutions", "0=800x600\n1=1024x768\n3=1920x1080\n", "800x600 1024x768",
-            {"0=640x480", "1=1024x768", "3=1920x1080"});
-        row("invalid middle", "Resolutions", "0=800x600\n1=abc\n2=1024x768\n", "800x600 1024x768",
-            {"0=640x480", "1=1024x768"});
-        row("huge key", "Resolutions", "0=800x600\n2147483647=1x1\n", "800x600",
-            {"0=640x480", "2147483647=1x1"});
+        for (const char* text : {"1920 x 1080", "1x10000"})
+            row(text, "Resolutions", "0=" + QByteArray(text) + "\n1=640x480\n", "", "",
+                QString(text).remove(' ') + " 640x480");
+        for (const char* bad : {"1920X1080", "1920x1080x1", "0x100", "10001x10", "4294967297x10"})
+            row(bad, "Resolutions", "0=" + QByteArray(bad) + "\n1=640x480\n", "", "", "640x480");
+        row("5000000000", "Sizes", "0=5000000000\n1=7\n", "", "", "5000000000 7");
+        for (const char* bad : {"0", "-5", "12abc", "9223372036854775808"})
+            row(bad, "Sizes", "0=" + QByteArray(bad) + "\n1=7\n", "", "", "7");
+        const char* gap = "0=1920x1080\n1=800x600\n2147483647=1x1\n";
+        row("unsorted, a gap, a huge key", "Resolutions", gap, "set 0 640x480", "Changhed 0",
+            "640x480 800x600", {"2.3.0", "0=640x480", "1=800x600", "2147483647=1x1"});
+        row("invalid middle", "Resolutions", "0=800x600\n1=abc\n2=1024x768\n", "set 0 640x480",
+            "Changhed 0", "640x480 1024x768");
+        // Before the first greater width, whatever the order.
+        row("add to unsorted", "Resolutions", gap, "add 1024x768", "Inserted 0",
+            "1024x768 1920x1080 800x600",
+            {"2.3.0", "0=1024x768", "1=1920x1080", "2=800x600", "2147483647=1x1"});
+        const char* two = "0=800x600\n1=1280x720\n";
+        row("add after equal widths", "Resolutions", two, "add 800x100", "Inserted 1",
+            "800x600 800x100 1280x720");
+        row("insert -5", "Resolutions", two, "insert -5 1x1", "Inserted 0", "1x1 800x600 1280x720");
+        row("insert 99", "Resolutions", two, "insert 99 1x1", "Inserted 2", "800x600 1280x720 1x1");
+        row("set 1", "Resolutions", two, "set 1 1x1", "Changhed 1", "800x600 1x1");
+        row("set 1 to the same", "Resolutions", two, "set 1 1280x720", "", "800x600 1280x720");
+        row("set 2", "Resolutions", two, "set 2 1x1", "", "800x600 1280x720");
+        row("remove 0", "Resolutions", two, "remove 0", "Removed 0", "1280x720");
+        row("remove -1", "Resolutions", two, "remove -1", "", "800x600 1280x720");
     }
 
-    void load()
+    void change()
     {
         QFETCH(QString, group);
         QFETCH(QByteArray, entries);
+        QFETCH(QString, call);
+        QFETCH(QString, signal);
         QFETCH(QString, list);
-        QFETCH(QStringList, afterSet);
+        QFETCH(QStringList, stored);
         WritePresets(group, entries);
         const QByteArray before = ReadFile(PresetFile(group));
         Start();
-        QCOMPARE(group == "Sizes" ? SizeText() : ResolutionText(), list);
         QCOMPARE(ReadFile(PresetFile(group)), before);
-        if (afterSet.isEmpty())
-            return;
-        Resolutions::Set(0, QSize(640, 480));
-        QCOMPARE(StoredGroup(group), afterSet);
-        QCOMPARE(Stored(PresetFile(group), "Version"), QString("2.3.0"));
-    }
-
-    void change_data()
-    {
-        QTest::addColumn<QString>("call");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QString>("signal"); // empty: none, and nothing written
-        QTest::addColumn<QString>("list");
-        const auto row = [](const char* name, const char* call, int index, QSize size,
-                            const char* signal, const char* list) {
-            QTest::newRow(name) << QString(call) << index << size << QString(signal)
-                                << QString(list);
-        };
-        const QSize any(100, 100);
-        row("sorted between", "add", 0, {1024, 768}, "Inserted 1", "800x600 1024x768 1280x720");
-        row("sorted, same width", "add", 0, {800, 100}, "Inserted 1", "800x600 800x100 1280x720");
-        row("at -5", "insert", -5, any, "Inserted 0", "100x100 800x600 1280x720");
-        row("at 99", "insert", 99, any, "Inserted 2", "800x600 1280x720 100x100");
-        row("set", "set", 1, any, "Changhed 1", "800x600 100x100");
-        row("set equal", "set", 1, {1280, 720}, "", "800x600 1280x720");
-        row("set at 2", "set", 2, any, "", "800x600 1280x720");
-        row("remove", "remove", 0, any, "Removed 0", "1280x720");
-        row("remove at -1", "remove", -1, any, "", "800x600 1280x720");
-    }
-
-    // Signals come after the list changed and before the file is written.
-    void change()
-    {
-        QFETCH(QString, call);
-        QFETCH(int, index);
-        QFETCH(QSize, size);
-        QFETCH(QString, signal);
-        QFETCH(QString, list);
-        WritePresets("Resolutions", "0=800x600\n1=1280x720\n");
-        Start();
-        QFile::remove(PresetFile("Resolutions"));
         QStringList seen;
         const auto record = [&](const char* name) {
             return [&, name](int at) {
-                seen << QString("%1 %2").arg(name).arg(at) << ResolutionText()
-                     << QString::number(QFile::exists(PresetFile("Resolutions")));
+                seen << QString("%1 %2").arg(name).arg(at) << ListText()
+                     << QString::number(ReadFile(PresetFile(group)) != before);
             };
         };
         connect(Resolutions::GetInstance(), &Resolutions::Inserted, record("Inserted"));
         connect(Resolutions::GetInstance(), &Resolutions::Changhed, record("Changhed"));
         connect(Resolutions::GetInstance(), &Resolutions::Removed, record("Removed"));
 
-        if (call == "add")
+        const QStringList words = call.split(' ');
+        const QStringList side = words.last().split('x');
+        const QSize size(side.first().toInt(), side.last().toInt());
+        const int index = words.value(1).toInt();
+        if (words.first() == "add")
             QCOMPARE(Resolutions::Add(size), signal.section(' ', 1).toInt());
-        else if (call == "insert")
+        else if (words.first() == "insert")
             Resolutions::Add(index, size);
-        else if (call == "set")
+        else if (words.first() == "set")
             Resolutions::Set(index, size);
-        else
+        else if (words.first() == "remove")
             Resolutions::Remove(index);
 
-        QCOMPARE(ResolutionText(), list);
-        const QStringList expected{signal, list, "0"};
-        QCOMPARE(seen, signal.isEmpty() ? QStringList() : expected);
-        QCOMPARE(QFile::exists(PresetFile("Resolutions")), !signal.isEmpty());
-        if (!signal.isEmpty())
-            QCOMPARE(StoredGroup("Resolutions"), Numbered(list));
-    }
-
-    // Set leaves the entry where it is, and Add then takes the first greater
-    // value's place whatever the order.
-    void sizesInsertAndPersist()
-    {
-        WritePresets("Sizes", "0=100\n1=500\n2=1000\n");
-        Start();
-        QSignalSpy inserted(Sizes::GetInstance(), &Sizes::Inserted);
-        QCOMPARE(Sizes::Add(500), 2);
-        QCOMPARE(Sizes::Add(5000000000LL), 4);
-        Sizes::Set(0, 2000);
-        QCOMPARE(Sizes::Add(700), 0);
-        QCOMPARE(inserted.size(), 3);
-        QCOMPARE(inserted.at(2).at(0).toInt(), 0);
-        m_app.reset();
-        Start();
-        QCOMPARE(SizeText(), QString("700 2000 500 500 1000 5000000000"));
+        QCOMPARE(ListText(), list);
+        const QStringList announced{signal, list, "0"};
+        QCOMPARE(seen, signal.isEmpty() ? QStringList() : announced);
+        if (signal.isEmpty())
+            QCOMPARE(ReadFile(PresetFile(group)), before);
+        else
+            QCOMPARE(Stored(group), stored.isEmpty() ? Written(list) : stored);
     }
 
     void getOutOfRange()
@@ -306,20 +239,6 @@ private Q_SLOTS:
         QCOMPARE(OutOfRangeMessage([] { Resolutions::Get(-1); }), resolution);
         QCOMPARE(OutOfRangeMessage([] { Resolutions::Get(1); }), resolution);
         QCOMPARE(OutOfRangeMessage([] { Sizes::Get(0); }), QString("size index is out of range"));
-    }
-
-    void survivesKillAfterChange()
-    {
-        BundleFixture bundle;
-        QVERIFY(bundle.IsValid());
-        const BundleFixture::Result result = bundle.RunScenario("presetsKilledAfterChange");
-        QCOMPARE(result.exitCode, -1);
-        QCOMPARE(Stored(PresetFile("Resolutions", bundle.HomePath()),
-                        "Resolutions/" + result.Value("resolutionIndex")),
-                 QString("1234x567"));
-        QCOMPARE(
-            Stored(PresetFile("Sizes", bundle.HomePath()), "Sizes/" + result.Value("sizeIndex")),
-            QString("5000000000"));
     }
 };
 
