@@ -94,6 +94,13 @@ private Q_SLOTS:
         KVImageFileReader* pngReader = Manager::AcquireReader("png");
         QVERIFY(pngReader && !fromJpeg.contains(pngReader));
         Manager::ReleaseAcquiredReader(pngReader);
+        // A reader of no pool is ignored.
+        TestImageReader stranger("{x}", {"png"});
+        Manager::ReleaseAcquiredReader(&stranger);
+        Manager::ReleaseAcquiredReader(nullptr);
+        const Readers fromPng = AcquireAll("png");
+        QVERIFY(!fromPng.contains(&stranger) && !fromPng.contains(nullptr));
+        ReleaseAll(fromPng);
         QVERIFY(!Manager::AcquireReader("gif"));
 
         // A format registered later gets its pool from the next call.
@@ -104,44 +111,6 @@ private Q_SLOTS:
         QVERIFY(reader);
         Manager::ReleaseAcquiredReader(reader);
         QCOMPARE(jpeg->m_readersMade, PoolSize()); // formats with a pool get no second one
-    }
-
-    void readersComeBackInStackOrder()
-    {
-        AddPlugin({"png"});
-        Manager::InitReadersPool();
-        if (PoolSize() < 2)
-            QSKIP("needs a pool of two readers");
-
-        const Readers readers = AcquireAll("png");
-        Manager::ReleaseAcquiredReader(readers.at(0));
-        Manager::ReleaseAcquiredReader(readers.at(1));
-        QCOMPARE(Manager::AcquireReader("png"), readers.at(1));
-        QCOMPARE(Manager::AcquireReader("png"), readers.at(0));
-        ReleaseAll(readers);
-
-        // A reader of no pool is ignored.
-        TestImageReader stranger("{x}", {"png"});
-        Manager::ReleaseAcquiredReader(&stranger);
-        Manager::ReleaseAcquiredReader(nullptr);
-        const Readers again = AcquireAll("png");
-        QVERIFY(!again.contains(&stranger));
-        ReleaseAll(again);
-    }
-
-    void borrowerWaitsForAFreeReader()
-    {
-        AddPlugin({"png"});
-        Manager::InitReadersPool();
-        const Readers lent = AcquireAll("png");
-        std::atomic<KVImageFileReader*> got{nullptr};
-        std::thread borrower([&] { got = Manager::AcquireReader("png"); });
-        QThread::msleep(100);
-        QVERIFY2(!got, "a borrower must wait while every reader is lent out");
-        Manager::ReleaseAcquiredReader(lent.last());
-        borrower.join();
-        QCOMPARE(got.load(), lent.last());
-        ReleaseAll(lent);
     }
 
     void relocationWaitsForLentReaders()
