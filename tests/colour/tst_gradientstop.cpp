@@ -85,18 +85,15 @@ private Q_SLOTS:
         QFETCH(int, version);
         QFETCH(QColor, color);
         QFETCH(QByteArray, layout);
-        const KVGradientStop first(0.5, color, true, false, true);
+        const QByteArray bytes = Serialized(KVGradientStop(0.5, color, true, false, true), version);
         if (!layout.isEmpty())
-            QCOMPARE(Serialized(first, version), layout);
-        for (const KVGradientStop& stop : {first, KVGradientStop(0.7, color, false, true, false)}) {
-            const QByteArray bytes = Serialized(stop, version);
-            QDataStream stream(bytes);
-            stream.setVersion(version);
-            KVGradientStop read;
-            stream >> read;
-            QCOMPARE(stream.status(), QDataStream::Ok);
-            QCOMPARE(Serialized(read, version), bytes);
-        }
+            QCOMPARE(bytes, layout);
+        QDataStream stream(bytes);
+        stream.setVersion(version);
+        KVGradientStop read;
+        stream >> read;
+        QCOMPARE(stream.status(), QDataStream::Ok);
+        QCOMPARE(Serialized(read, version), bytes);
     }
 
     // A cut stream keeps what was read; only what was cut reads as 0.0, an
