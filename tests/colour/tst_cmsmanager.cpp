@@ -3,16 +3,9 @@
 #include <KVCMSManager.h>
 
 #include <QProcess>
-#include <QRandomGenerator>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <lcms2.h>
-
-#include <atomic>
 #include <cstdio>
-#include <thread>
-#include <vector>
 
 namespace {
 QByteArray Installed(const QString& name)
@@ -21,30 +14,18 @@ QByteArray Installed(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray CmykProfile()
-{
-    cmsHPROFILE profile = cmsCreateInkLimitingDeviceLink(cmsSigCmykData, 300);
-    cmsUInt32Number size = 0;
-    cmsSaveProfileToMem(profile, nullptr, &size);
-    QByteArray bytes(int(size), '\0');
-    cmsSaveProfileToMem(profile, bytes.data(), &size);
-    cmsCloseProfile(profile);
-    return bytes;
-}
-
-// The manager is made once per process, so other folders are listed by a
-// child: the working index, then the profile file names from index -1 to the
-// count ("-" for an empty profile).
+// The manager is made once per process, so folders are listed by a child: the
+// working index, then the file names from index -1 to the count ("-" for none).
 int ListProfiles(const QString& folder)
 {
     KVCMSManager::InitInstance(folder);
     const KVCMSManager* manager = KVCMSManager::GetInstance();
-    std::printf("%d\n", manager->GetWorkingRGBIndex());
+    QStringList names{QString::number(manager->GetWorkingRGBIndex())};
     for (int i = -1; i <= manager->GetRGBProfileCount(); ++i) {
         const KVCMSProfile profile = manager->GetRGBProfile(i);
-        std::printf("%s\n",
-                    profile.IsEmpty() ? "-" : qPrintable(QFileInfo(profile.GetPath()).fileName()));
+        names << (profile.IsEmpty() ? "-" : QFileInfo(profile.GetPath()).fileName());
     }
+    std::printf("%s", qPrintable(names.join(' ')));
     KVCMSManager::ReleaseInstance();
     return 0;
 }
@@ -63,30 +44,23 @@ private Q_SLOTS:
         const QByteArray srgb = Installed("sRGB.icc");
         if (srgb.isEmpty())
             QSKIP("Debian's icc-profiles-free is not installed");
-        QByteArray random(4096, '\0');
-        QRandomGenerator(11).fillRange(reinterpret_cast<quint32*>(random.data()), 1024);
         const QString mixed = m_dir.filePath("mixed/");
-        QVERIFY(QDir().mkpath(mixed + "folder.icc"));
-        QVERIFY(QDir().mkpath(m_dir.filePath("empty")));
-        for (const QFileInfo& installed :
-             QDir("/usr/share/color/icc", "*.icc *.ICM").entryInfoList(QDir::Files))
-            QVERIFY(QFile::copy(installed.filePath(), mixed + installed.fileName()));
+        QVERIFY(QDir().mkpath(mixed));
+        // One file per way a file is left out, and three RGB profiles.
         const QList<QPair<QString, QByteArray>> files{
-            {"Wide.icm", Installed("compatibleWithAdobeRGB1998.icc")},
-            {"xyz.icm", Installed("LCMSXYZI.ICM")},
+            {"sRGB.icc", srgb},
+            {"Adobe.icc", Installed("compatibleWithAdobeRGB1998.icc")},
+            {"Wide.icm", srgb},
+            {"gray.icc", Installed("Gray.icc")},
             {"Display.ICM", srgb}, // "*.icm" matches it only on case-insensitive file systems
-            {"press.icc", CmykProfile()},
-            {"empty.icc", QByteArray()},
             {"truncated.icc", srgb.left(srgb.size() / 2)},
-            {"random.icc", random},
-            {"rgb.txt", srgb},
-            {"folder.icc/inside.icc", srgb}};
+            {"rgb.txt", srgb}};
         for (const auto& [name, bytes] : files) {
             QFile file(mixed + name);
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         }
         KVCMSManager::InitInstance(m_dir.filePath("mixed"));
-        KVCMSManager::InitInstance(m_dir.filePath("empty")); // ignored
+        KVCMSManager::InitInstance(m_dir.filePath("missing")); // ignored
     }
 
     void cleanupTestCase()
@@ -98,39 +72,33 @@ private Q_SLOTS:
     void listing_data()
     {
         QTest::addColumn<QString>("folder");
-        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("listed");
         // Name order is case-sensitive and takes ".icc" and ".icm" together.
         QTest::newRow("mixed") << "mixed"
-                               << QStringList{"CineonLog_M.icc",
-                                              "CineonLog_M_Knee_10.icc",
-                                              "CineonLog_M_Knee_20.icc",
-                                              "CineonLog_M_Knee_30.icc",
-                                              "CineonLog_M_Knee_60.icc",
-                                              "LStar-RGB.icc",
-                                              "Wide.icm",
-                                              "compatibleWithAdobeRGB1998.icc",
-                                              "sRGB.icc"};
-        QTest::newRow("empty") << "empty" << QStringList();
-        QTest::newRow("missing") << "missing" << QStringList();
+                               << "-1 - Adobe.icc Wide.icm sRGB.icc -";
+        QTest::newRow("missing") << "missing"
+                                 << "-1 - -";
+        // Not the current folder, which is the mixed one.
+        QTest::newRow("no folder") << ""
+                                   << "-1 - -";
     }
 
     void listing()
     {
         QFETCH(QString, folder);
-        QFETCH(QStringList, names);
+        QFETCH(QString, listed);
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {"--list", m_dir.filePath(folder)});
+        child.setWorkingDirectory(m_dir.filePath("mixed"));
+        child.start(QCoreApplication::applicationFilePath(),
+                    {"--list", folder.isEmpty() ? folder : m_dir.filePath(folder)});
         QVERIFY(child.waitForFinished(120000));
-        const QStringList expected = QStringList{"-1", "-"} + names + QStringList{"-"};
-        QCOMPARE(QString(child.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts), expected);
-        if (folder == "mixed")
-            QCOMPARE(KVCMSManager::GetInstance()->GetRGBProfileCount(), names.size());
+        QCOMPARE(QString(child.readAllStandardOutput()), listed);
     }
 
     void workingIndex()
     {
         KVCMSManager* manager = KVCMSManager::GetInstance();
-        QSignalSpy spy(manager, &KVCMSManager::WorkingRGBIndexChanged);
+        QCOMPARE(manager->GetRGBProfileCount(), 3); // made for the first folder given
         QList<int> seenBySlot; // the slot may call back: the lock is released by then
         const auto connection = connect(manager, &KVCMSManager::WorkingRGBIndexChanged,
                                         [&] { seenBySlot << manager->GetWorkingRGBIndex(); });
@@ -138,34 +106,6 @@ private Q_SLOTS:
             manager->SetWorkingRGBIndex(index);
         disconnect(connection);
         QCOMPARE(seenBySlot, (QList<int>{3, 99, -1}));
-        QCOMPARE(spy.size(), 3);
-    }
-
-    void manyThreads()
-    {
-        KVCMSManager* manager = KVCMSManager::GetInstance();
-        const int count = manager->GetRGBProfileCount();
-        QList<KVCMSProfile> expected;
-        for (int i = -1; i <= count; ++i)
-            expected << manager->GetRGBProfile(i);
-        std::atomic<int> wrong{0};
-        const auto connection =
-            connect(manager, &KVCMSManager::WorkingRGBIndexChanged,
-                    [&](int index) { wrong += manager->GetWorkingRGBIndex() > 3 || index > 3; });
-        std::vector<std::thread> threads;
-        for (int t = 0; t < 4; ++t) {
-            threads.emplace_back([&, t] {
-                for (int i = 0; i < 500; ++i) {
-                    const int index = i % (count + 2) - 1;
-                    wrong += manager->GetRGBProfile(index) != expected.at(index + 1);
-                    manager->SetWorkingRGBIndex(t);
-                }
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        disconnect(connection);
-        QCOMPARE(wrong.load(), 0);
     }
 };
 

@@ -66,22 +66,17 @@ private Q_SLOTS:
         QCOMPARE(ToGradientStops(back), QGradientStops({{0.0, Qt::white}, {0.25, b}, {1.0, d}}));
     }
 
-    void streamLayout()
-    {
-        const QByteArray expected = QByteArray::fromHex("3fe0000000000000"       // position
-                                                        "01ffffffff000000000000" // red
-                                                        "010001");               // flags
-        QCOMPARE(Serialized(KVGradientStop(0.5, Qt::red, true, false, true), QDataStream::Qt_5_15),
-                 expected);
-    }
-
     void roundTrip_data()
     {
         QTest::addColumn<int>("version");
         QTest::addColumn<QColor>("color");
-        QTest::newRow("default") << int(QDataStream().version()) << QColor(1, 2, 3, 4);
+        QTest::addColumn<QByteArray>("layout"); // of a stop at 0.5, background and user colour
+        QTest::newRow("Qt 5.15") << int(QDataStream::Qt_5_15) << QColor(1, 2, 3, 4)
+                                 << QByteArray::fromHex("3fe0000000000000"       // position
+                                                        "0104040101020203030000" // colour
+                                                        "010001");               // flags
         // Colours had no alpha then.
-        QTest::newRow("Qt 3.3") << int(QDataStream::Qt_3_3) << QColor(200, 100, 0);
+        QTest::newRow("Qt 3.3") << int(QDataStream::Qt_3_3) << QColor(200, 100, 0) << QByteArray();
     }
 
     // What is read back writes the same bytes: position, stored colour and flags.
@@ -89,16 +84,16 @@ private Q_SLOTS:
     {
         QFETCH(int, version);
         QFETCH(QColor, color);
-        for (const KVGradientStop& stop : {KVGradientStop(0.1, color, true, false, true),
-                                           KVGradientStop(0.7, color, false, true, false)}) {
-            const QByteArray bytes = Serialized(stop, version);
-            QDataStream stream(bytes);
-            stream.setVersion(version);
-            KVGradientStop read;
-            stream >> read;
-            QCOMPARE(stream.status(), QDataStream::Ok);
-            QCOMPARE(Serialized(read, version), bytes);
-        }
+        QFETCH(QByteArray, layout);
+        const QByteArray bytes = Serialized(KVGradientStop(0.5, color, true, false, true), version);
+        if (!layout.isEmpty())
+            QCOMPARE(bytes, layout);
+        QDataStream stream(bytes);
+        stream.setVersion(version);
+        KVGradientStop read;
+        stream >> read;
+        QCOMPARE(stream.status(), QDataStream::Ok);
+        QCOMPARE(Serialized(read, version), bytes);
     }
 
     // A cut stream keeps what was read; only what was cut reads as 0.0, an

@@ -1,11 +1,9 @@
-#include "QtImageFormats.h"
 #include "TestImagePlugin.h"
 #include "TestSupport.h"
 
 #include <KVApplication.h>
 #include <KVImageFileManager.h>
 
-#include <QTemporaryDir>
 #include <QThread>
 
 #include <atomic>
@@ -84,7 +82,6 @@ private Q_SLOTS:
         TestImagePlugin* png = AddPlugin({"png"});
         AddPlugin({"gif"}, {"gif"}, false); // makes no readers
         QVERIFY(Manager::InitReadersPool());
-        QVERIFY(Manager::InitReadersPool()); // formats with a pool get no second one
         QCOMPARE(jpeg->m_readersMade, PoolSize());
         QCOMPARE(png->m_readersMade, PoolSize());
 
@@ -97,6 +94,13 @@ private Q_SLOTS:
         KVImageFileReader* pngReader = Manager::AcquireReader("png");
         QVERIFY(pngReader && !fromJpeg.contains(pngReader));
         Manager::ReleaseAcquiredReader(pngReader);
+        // A reader of no pool is ignored.
+        TestImageReader stranger("{x}", {"png"});
+        Manager::ReleaseAcquiredReader(&stranger);
+        Manager::ReleaseAcquiredReader(nullptr);
+        const Readers fromPng = AcquireAll("png");
+        QVERIFY(!fromPng.contains(&stranger) && !fromPng.contains(nullptr));
+        ReleaseAll(fromPng);
         QVERIFY(!Manager::AcquireReader("gif"));
 
         // A format registered later gets its pool from the next call.
@@ -106,45 +110,7 @@ private Q_SLOTS:
         KVImageFileReader* reader = Manager::AcquireReader("TIF");
         QVERIFY(reader);
         Manager::ReleaseAcquiredReader(reader);
-        QCOMPARE(jpeg->m_readersMade, PoolSize());
-    }
-
-    void readersComeBackInStackOrder()
-    {
-        AddPlugin({"png"});
-        Manager::InitReadersPool();
-        if (PoolSize() < 2)
-            QSKIP("needs a pool of two readers");
-
-        const Readers readers = AcquireAll("png");
-        Manager::ReleaseAcquiredReader(readers.at(0));
-        Manager::ReleaseAcquiredReader(readers.at(1));
-        QCOMPARE(Manager::AcquireReader("png"), readers.at(1));
-        QCOMPARE(Manager::AcquireReader("png"), readers.at(0));
-        ReleaseAll(readers);
-
-        // A reader of no pool is ignored.
-        TestImageReader stranger("{x}", {"png"});
-        Manager::ReleaseAcquiredReader(&stranger);
-        Manager::ReleaseAcquiredReader(nullptr);
-        const Readers again = AcquireAll("png");
-        QVERIFY(!again.contains(&stranger));
-        ReleaseAll(again);
-    }
-
-    void borrowerWaitsForAFreeReader()
-    {
-        AddPlugin({"png"});
-        Manager::InitReadersPool();
-        const Readers lent = AcquireAll("png");
-        std::atomic<KVImageFileReader*> got{nullptr};
-        std::thread borrower([&] { got = Manager::AcquireReader("png"); });
-        QThread::msleep(100);
-        QVERIFY2(!got, "a borrower must wait while every reader is lent out");
-        Manager::ReleaseAcquiredReader(lent.last());
-        borrower.join();
-        QCOMPARE(got.load(), lent.last());
-        ReleaseAll(lent);
+        QCOMPARE(jpeg->m_readersMade, PoolSize()); // formats with a pool get no second one
     }
 
     void relocationWaitsForLentReaders()
@@ -308,53 +274,6 @@ private Q_SLOTS:
         // The jpg readers outlived their plug-in, which no longer disposes of
         // them: deleted, they leave their pool.
         qDeleteAll(jpg);
-    }
-
-    // Real files decoded by pooled Qt readers on several threads.
-    void realImagesFromThreads()
-    {
-        QTemporaryDir dir;
-        QtImageFilePlugin plugin;
-        Manager::Register(&plugin);
-        Manager::InitReadersPool();
-        const QList<QColor> colours{QColor(200, 30, 40), QColor(20, 160, 60), QColor(10, 20, 230)};
-        const QStringList paths{dir.filePath("0.png"), dir.filePath("1.jpg"),
-                                dir.filePath("2.bmp")};
-        for (int i = 0; i < paths.size(); ++i) {
-            QImage image(40 + i, 30 + i, QImage::Format_RGB32);
-            image.fill(colours.at(i));
-            QVERIFY(image.save(paths.at(i)));
-        }
-
-        std::atomic<int> failures{0};
-        std::vector<std::thread> threads;
-        for (int t = 0; t < 4; ++t) {
-            threads.emplace_back([&, t] {
-                for (int i = 0; i < 30; ++i) {
-                    const int n = (t + i) % paths.size();
-                    KVImageFileReader* reader =
-                        Manager::AcquireReader(QFileInfo(paths.at(n)).suffix().toUpper());
-                    const QImage image = reader ? reader->Read(paths.at(n)) : QImage();
-                    Manager::ReleaseAcquiredReader(reader);
-                    const QColor pixel = image.pixelColor(5, 5);
-                    const QColor want = colours.at(n);
-                    if (image.size() != QSize(40 + n, 30 + n) ||
-                        qAbs(pixel.red() - want.red()) >= 8 ||
-                        qAbs(pixel.green() - want.green()) >= 8 ||
-                        qAbs(pixel.blue() - want.blue()) >= 8)
-                        ++failures;
-                }
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        QCOMPARE(failures.load(), 0);
-
-        KVImageFileReader* broken = Manager::CreateReader("png");
-        QVERIFY(broken->Read(dir.filePath("missing.png")).isNull());
-        QVERIFY(!broken->GetErrorString().isEmpty());
-        Manager::ReleaseReader(broken);
-        Manager::ReleaseReadersPool();
     }
 };
 
