@@ -55,14 +55,10 @@ private Q_SLOTS:
                 finished);
         row("image I/O only: base name by case, suffix in any case", brushes, general, {"4"},
             imageIO);
-        row("brushes and adjustments", brushes, general, {"9"},
-            Loaded({"libabrush.dylib", "libzbrush.DYLIB", "libadjustments.dylib"}) + finished);
         row("no general folder: nothing at all", brushes, missing, {}, {},
             "The plugins folder does not exist");
-        row("no brush folder", missing, general, {"4"}, imageIO);
         row("no brush folder, brushes asked for", missing, general, {"8"}, finished,
             "Brush folder is missing");
-        row("empty general folder", brushes, "../PlugIns/Empty", {"4"}, finished);
         // plugins.ini is the bundle's: a damaged value there is read around
         // (the file is left as it is), an odd one read as Qt reads it.
         row("plugins.ini with an odd value", brushes, general, {"4"}, imageIO, {},
@@ -98,7 +94,6 @@ private Q_SLOTS:
         bundle.CopyFile(PluginFile("tc_adjustments"), "PlugIns/General/libadjustments.dylib");
         bundle.CopyFile(PluginFile("tc_empty"), "PlugIns/General/libzother.dylib");
         bundle.WriteFile("PlugIns/General/libimageio.txt", "not a plug-in");
-        bundle.MakeFolder("PlugIns/Empty");
 
         const auto run = bundle.RunScenario("loadPlugins", arguments);
         QCOMPARE(run.exitCode, 0);
@@ -116,12 +111,11 @@ private Q_SLOTS:
         QFile ini(bundle.ResourcesPath() + "/plugins.ini");
         QVERIFY(ini.open(QIODevice::ReadOnly));
         QCOMPARE(ini.readAll(), PluginsIni(brush, general) + iniTail);
-        if (!logged.isEmpty()) {
-            QStringList log;
-            for (const QString& line : run.log)
-                log.append(LogCapture::WithoutBuildStamp(line));
-            QVERIFY(log.contains(LogCapture::Expected("src/KVApplication", logged)));
-        }
+        QStringList log;
+        for (const QString& line : run.log)
+            log.append(LogCapture::WithoutBuildStamp(line));
+        QVERIFY(logged.isEmpty() ||
+                log.contains(LogCapture::Expected("src/KVApplication", logged)));
     }
 
     // Why the scan leaves each file out, as a report shows it.
