@@ -85,15 +85,14 @@ private Q_SLOTS:
             QFile::copy(PluginFile("tc_adjustments"), outside.filePath("libadjustments.dylib"));
         }
         bundle.WriteFile("Resources/plugins.ini", PluginsIni(brush, general) + iniTail);
-        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libzbrush.DYLIB");
-        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libabrush.dylib");
-        bundle.WriteFile("PlugIns/Brushes/readme.txt", "not a plug-in");
-        bundle.CopyFile(PluginFile("tc_image_a"), "PlugIns/General/libimageio.2.dylib");
-        bundle.CopyFile(PluginFile("tc_image_b"), "PlugIns/General/libimageio.DYLIB");
-        bundle.CopyFile(PluginFile("tc_image_b"), "PlugIns/General/LIBIMAGEIO.DYLIB");
-        bundle.CopyFile(PluginFile("tc_adjustments"), "PlugIns/General/libadjustments.dylib");
-        bundle.CopyFile(PluginFile("tc_empty"), "PlugIns/General/libzother.dylib");
-        bundle.WriteFile("PlugIns/General/libimageio.txt", "not a plug-in");
+        for (const QString file :
+             {"brush:Brushes/libzbrush.DYLIB", "brush:Brushes/libabrush.dylib",
+              "image_a:General/libimageio.2.dylib", "image_b:General/libimageio.DYLIB",
+              "image_b:General/LIBIMAGEIO.DYLIB", "adjustments:General/libadjustments.dylib",
+              "empty:General/libzother.dylib", "empty:Brushes/readme.txt",
+              "empty:General/libimageio.txt"})
+            bundle.CopyFile(PluginFile("tc_" + file.section(':', 0, 0)),
+                            "PlugIns/" + file.section(':', 1));
 
         const auto run = bundle.RunScenario("loadPlugins", arguments);
         QCOMPARE(run.exitCode, 0);
@@ -113,7 +112,7 @@ private Q_SLOTS:
         QCOMPARE(ini.readAll(), PluginsIni(brush, general) + iniTail);
         QStringList log;
         for (const QString& line : run.log)
-            log.append(LogCapture::WithoutBuildStamp(line));
+            log << LogCapture::WithoutBuildStamp(line);
         QVERIFY(logged.isEmpty() ||
                 log.contains(LogCapture::Expected("src/KVApplication", logged)));
     }
