@@ -86,7 +86,8 @@ private Q_SLOTS:
         m_app.reset();
     }
 
-    void contributions()
+    // What each sample contributes, and nothing left of it after unloading.
+    void contributionsAndUnloading()
     {
         QStringList adjustments, brushes;
         for (const QString& id : KVAdjustmentManager::GetRegistered())
@@ -101,6 +102,22 @@ private Q_SLOTS:
         QCOMPARE(brushes, QStringList({"Round", "Soft Round", "Square"}));
         QCOMPARE(KVBrushToolManager::GetMainBrushPlugin()->GetUID(), factory->GetBrushIDs()[0]);
         QCOMPARE(factory->CreateBrushTip(factory->GetBrushIDs()[0], 41, 1.0).size(), QSize(41, 41));
+
+        m_app->UIReady();
+        m_app->UnloadPlugins();
+        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
+        QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
+        QVERIFY(KVBrushToolManager::GetRegistered().isEmpty());
+        QVERIFY(!KVBrushToolManager::GetMainBrushPlugin());
+        QVERIFY(!KVApplication::GetBrushFactory());
+        QVERIFY(KVToolPlugin::GetToolPlugins().isEmpty());
+        QVERIFY(!KVToolGroupManager::GetExplicitAction());
+        QVERIFY(!KVToolGroupManager::GetImplicitAction());
+        for (QWidget* area :
+             {KVToolBarManager::GeneralContent(), KVToolWidgetManager::GeneralContent()}) {
+            QVERIFY(area->findChildren<QWidget*>().isEmpty());
+            QCOMPARE(area->windowTitle(), QString());
+        }
     }
 
     void imageFilesRoundTrip_data()
@@ -183,25 +200,6 @@ private Q_SLOTS:
         QCOMPARE(KVApplication::GetUserValue(key).toInt(), level);
         m_app->UnloadPlugin(KV_STARTER);
         QCOMPARE(KVAdjustmentManager::GetRegistered().size(), 6);
-    }
-
-    void unloadingEmptiesTheRegistries()
-    {
-        m_app->UIReady();
-        m_app->UnloadPlugins();
-        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
-        QVERIFY(KVAdjustmentManager::GetRegistered().isEmpty());
-        QVERIFY(KVBrushToolManager::GetRegistered().isEmpty());
-        QVERIFY(!KVBrushToolManager::GetMainBrushPlugin());
-        QVERIFY(!KVApplication::GetBrushFactory());
-        QVERIFY(KVToolPlugin::GetToolPlugins().isEmpty());
-        QVERIFY(!KVToolGroupManager::GetExplicitAction());
-        QVERIFY(!KVToolGroupManager::GetImplicitAction());
-        for (QWidget* area :
-             {KVToolBarManager::GeneralContent(), KVToolWidgetManager::GeneralContent()}) {
-            QVERIFY(area->findChildren<QWidget*>().isEmpty());
-            QCOMPARE(area->windowTitle(), QString());
-        }
     }
 };
 
