@@ -8,7 +8,6 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 namespace {
@@ -20,30 +19,22 @@ struct Run
 
     QString Line(const QString& start) const
     {
-        const QStringList found =
-            lines.filter(QRegularExpression("^" + QRegularExpression::escape(start)));
-        return found.value(0);
+        return lines.filter(QRegularExpression("^" + QRegularExpression::escape(start))).value(0);
     }
     QJsonObject Json() const { return QJsonDocument::fromJson(output).object(); }
 };
 
-// Runs the bundle's host (under Xvfb when asked) with its own HOME.
-Run RunHost(const QString& host, const QStringList& arguments, const QString& home,
-            bool window = false)
+// Runs the bundle's host with its own HOME.
+Run RunHost(const QString& host, const QStringList& arguments, const QString& home)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME", home);
-    environment.insert("QT_QPA_PLATFORM", window ? "xcb" : "offscreen");
-    // Without the GLX integration Mesa's software renderer is not loaded, and
-    // its allocations, kept past its unloading, are not reported as leaks.
-    environment.insert("QT_XCB_GL_INTEGRATION", "none");
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("QT_XCB_GL_INTEGRATION", "none"); // no Mesa, whose leaks outlive it
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    if (window)
-        process.start("xvfb-run", QStringList{"-a", host} + arguments);
-    else
-        process.start(host, arguments);
+    process.start(host, arguments);
     Run run;
     if (!process.waitForFinished(120000))
         return run;
@@ -120,15 +111,6 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.Line("scan general folder ").endsWith("/PlugIns/General"),
                  qPrintable(run.lines.join('\n')));
-        const QString text = run.lines.join('\n');
-        for (const char* plugin :
-             {"Brushes/libbrushcontainer.2.dylib", "General/libadjustments.2.dylib",
-              "General/libbasictools.2.dylib", "General/libimageio.2.dylib"}) {
-            QVERIFY2(text.contains(QString("%1: loaded, \"Plugin OK.\"").arg(plugin)),
-                     qPrintable(text));
-        }
-        QVERIFY(run.Line("read group").contains("\"All\""));
-        QVERIFY(run.Line("open filter: ").contains("PNG image (*.png)"));
         QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
         QCOMPARE(run.Line("open " + m_jpeg), "open " + m_jpeg + ": 40x30");
 
@@ -143,16 +125,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("count");
         QTest::addColumn<QString>("key"); // its one non-empty contribution
-        QTest::addColumn<bool>("brushFactory");
         QTest::addColumn<QString>("firstName");
-        QTest::newRow("image formats")
-            << "General/libimageio.2.dylib" << 1 << "imageFormats" << false << "PNG image";
-        QTest::newRow("adjustments")
-            << "General/libadjustments.2.dylib" << 6 << "adjustments" << false << "Invert";
-        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib" << 3 << "brushes" << true
+        QTest::newRow("adjustments") << "General/libadjustments.2.dylib" << 6 << "adjustments"
+                                     << "Invert";
+        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib" << 3 << "brushes"
                                  << "Round";
-        QTest::newRow("tools") << "General/libbasictools.2.dylib" << 3 << "tools" << false
-                               << "Move";
     }
 
     void jsonReportListsContributions()
@@ -160,7 +137,6 @@ private Q_SLOTS:
         QFETCH(QString, file);
         QFETCH(int, count);
         QFETCH(QString, key);
-        QFETCH(bool, brushFactory);
         QFETCH(QString, firstName);
 
         if (m_report.isEmpty()) {
@@ -174,32 +150,18 @@ private Q_SLOTS:
         const QJsonObject entry = FileEntry(m_report, file);
         QCOMPARE(entry["status"].toString(), QString("loaded"));
         QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
-        QCOMPARE(entry["brushFactory"].toBool(), brushFactory);
+        QCOMPARE(entry["brushFactory"].toBool(), key == "brushes");
         for (const char* contribution : {"imageFormats", "adjustments", "brushes", "tools"})
             QCOMPARE(entry[contribution].toArray().size(), contribution == key ? count : 0);
-        const QJsonObject first = entry[key].toArray().first().toObject();
-        const QString name = key == "imageFormats" ? first["groups"][0]["name"].toString()
-                             : key == "tools"      ? first["actions"][0].toString()
-                                                   : first["name"].toString();
-        QCOMPARE(name, firstName);
-        if (key == "adjustments")
-            QVERIFY(first["registered"].toBool());
-        if (key == "brushes")
-            QVERIFY(first["main"].toBool());
-        if (brushFactory)
-            QCOMPARE(entry["factoryBrushes"].toArray().size(), 3);
+        QCOMPARE(entry[key][0]["name"].toString(), firstName);
     }
 
-    // A plug-in that misses a function, beside files the scan leaves out: the doctor
-    // names the function readably and says why the others are left out; safe mode
-    // leaves the plug-in out.
+    // A plug-in that misses a function: the doctor names the function readably.
     void brokenPluginNamesItsSymbol()
     {
         const QString bundle = CopyBundle("Broken", "tc_missingsymbol");
         QVERIFY(!bundle.isEmpty());
         const QString general = bundle + "/PlugIns/General";
-        QVERIFY(QFile::copy(general + "/libimageio.2.dylib", general + "/LIBIMAGEIO.dylib"));
-        QFile(general + "/notes.txt").open(QIODevice::WriteOnly);
         QDir(bundle + "/PlugIns/Brushes").removeRecursively();
         const QString host = bundle + "/MacOS/Pelkaro";
 
@@ -207,12 +169,7 @@ private Q_SLOTS:
         QCOMPARE(text.exitCode, 0);
         QVERIFY2(text.lines.contains("  undefined symbol _Z13MissingHelperv: MissingHelper()"),
                  text.output.constData());
-        for (const char* line :
-             {"scan brush folder \"../PlugIns/Brushes\": missing",
-              "LIBIMAGEIO.dylib: not taken, the base name \"LIBIMAGEIO\" differs from "
-              "\"libimageio\" in case",
-              "notes.txt: not taken, the suffix \"txt\" is not \"dylib\""})
-            QVERIFY2(text.output.contains(line), text.output.constData());
+        QVERIFY(text.lines.contains("scan brush folder \"../PlugIns/Brushes\": missing"));
 
         const QJsonObject report = RunHost(host, {"--report", "--json"}, Home("broken")).Json();
         const QJsonObject broken = FileEntry(report, "/libfilter.2.dylib");
@@ -221,15 +178,6 @@ private Q_SLOTS:
         QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
         QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
         QCOMPARE(LoadedFiles(report).size(), 3);
-
-        const QJsonObject safe =
-            RunHost(host, {"--report", "--json", "--safe-mode"}, Home("broken")).Json();
-        QVERIFY(safe["safeMode"].toBool());
-        QCOMPARE(LoadedFiles(safe), QStringList({"libadjustments.2.dylib", "libbasictools.2.dylib",
-                                                 "libimageio.2.dylib"}));
-        QCOMPARE(safe["files"].toArray().size(), 3);
-        QCOMPARE(safe["leftOut"][0]["path"].toString(), general + "/libfilter.2.dylib");
-        QCOMPARE(safe["leftOut"][0]["reason"].toString(), QString("safe mode"));
     }
 
     // A plug-in that aborts the editor while it loads: the start after it
@@ -261,26 +209,6 @@ private Q_SLOTS:
 
         // Taken back, it loads, and crashes, again.
         QCOMPARE(RunHost(host, {"--report", "--retry-plugins"}, home).exitCode, -1);
-    }
-
-    void windowOpensAdjustsExportsAndQuits()
-    {
-        if (QStandardPaths::findExecutable("xvfb-run").isEmpty())
-            QSKIP("xvfb-run is not installed");
-        const QString exports = Home("exports");
-        const Run run =
-            RunHost(PELKARO_HOST, {"--self-test", exports, m_png, m_jpeg}, Home("window"), true);
-        const QString text = run.lines.join('\n');
-        QVERIFY2(run.exitCode == 0, qPrintable(text));
-        QCOMPARE(run.Line("menus: "), QString("menus: &File|&Adjustments|&View|&Help"));
-        QCOMPARE(run.Line("tool areas: "), QString("tool areas: bar, panel"));
-        QCOMPARE(run.Line("tools: ").count('|'), 2);
-        QVERIFY(!run.Line("adjusted: ").isEmpty());
-        QVERIFY(text.contains("opened " + m_png + ": 64x48"));
-        QVERIFY(text.contains("opened " + m_jpeg + ": 40x30"));
-        QVERIFY(text.contains("exported " + exports + "/exported.png: yes"));
-        QVERIFY(!QImage(exports + "/exported.png").isNull());
-        QCOMPARE(run.Line("plug-ins dialog: "), QString("plug-ins dialog: 4 files"));
     }
 };
 

@@ -7,13 +7,13 @@ TestImagePlugin::TestImagePlugin(TestImagePluginConfig config)
         m_config.readerFormats = m_config.formats;
 }
 
-const TestGroup* TestImagePlugin::Group(const QString& uid) const
+TestGroup TestImagePlugin::Group(const QString& uid) const
 {
     for (const TestGroup& group : m_config.groups) {
         if (group.uid == uid)
-            return &group;
+            return group;
     }
-    return nullptr;
+    return TestGroup();
 }
 
 QStringList TestImagePlugin::GetGroups() const
@@ -24,26 +24,18 @@ QStringList TestImagePlugin::GetGroups() const
     return groups;
 }
 
-QString TestImagePlugin::GetGroupName(const QString& uid) const
+KVImageFileReader* TestImagePlugin::CreateReaderByUID(const QString& uid)
 {
-    return Group(uid) ? Group(uid)->name : QString();
-}
-
-QStringList TestImagePlugin::GetGroupFormats(const QString& uid) const
-{
-    return Group(uid) ? Group(uid)->formats : QStringList();
-}
-
-KVImageFileReader* TestImagePlugin::MakeReader(const QString& uid)
-{
-    if (!m_config.makesReaders)
+    if (!m_config.makesReaders || !m_config.readerUIDs.contains(uid))
         return nullptr;
     ++m_readersMade;
     return new TestImageReader(uid, m_config.readerFormats);
 }
 
-KVImageFileWriter* TestImagePlugin::MakeWriter(const QString& uid)
+KVImageFileWriter* TestImagePlugin::CreateWriterByUID(const QString& uid)
 {
+    if (!m_config.writerUIDs.contains(uid))
+        return nullptr;
     ++m_writersMade;
     return new TestImageWriter(uid, m_config.formats);
 }
@@ -51,11 +43,25 @@ KVImageFileWriter* TestImagePlugin::MakeWriter(const QString& uid)
 KVImageFileReader* TestImagePlugin::CreateReader(const QString& format)
 {
     m_requestedFormats.append(format);
-    return m_config.formats.contains(format) ? MakeReader(m_config.readerUIDs.value(0)) : nullptr;
+    return m_config.formats.contains(format) ? CreateReaderByUID(m_config.readerUIDs.value(0))
+                                             : nullptr;
 }
 
 KVImageFileWriter* TestImagePlugin::CreateWriter(const QString& format)
 {
     m_requestedFormats.append(format);
-    return m_config.formats.contains(format) ? MakeWriter(m_config.writerUIDs.value(0)) : nullptr;
+    return m_config.formats.contains(format) ? CreateWriterByUID(m_config.writerUIDs.value(0))
+                                             : nullptr;
+}
+
+void TestImagePlugin::ReleaseReader(KVImageFileReader* reader)
+{
+    ++m_readersReleased;
+    delete reader;
+}
+
+void TestImagePlugin::ReleaseWriter(KVImageFileWriter* writer)
+{
+    ++m_writersReleased;
+    delete writer;
 }

@@ -4,8 +4,6 @@
 #include <KVImageFileReader.h>
 #include <KVImageFileWriter.h>
 
-#include <QMap>
-
 // A format group as a test plug-in declares it.
 struct TestGroup
 {
@@ -60,43 +58,24 @@ public:
     QStringList GetWriterUIDs() const override { return m_config.writerUIDs; }
     QStringList GetFormats() const override { return m_config.formats; }
     QStringList GetGroups() const override;
-    QString GetGroupName(const QString& group) const override;
-    QStringList GetGroupFormats(const QString& group) const override;
+    QString GetGroupName(const QString& uid) const override { return Group(uid).name; }
+    QStringList GetGroupFormats(const QString& uid) const override { return Group(uid).formats; }
     bool IsFormatEnabled(const QString& format) const override
     {
         return !m_config.disabled.contains(format);
     }
     KVImageFileReader* CreateReader(const QString& format) override;
-    KVImageFileReader* CreateReaderByUID(const QString& uid) override
-    {
-        return m_config.readerUIDs.contains(uid) ? MakeReader(uid) : nullptr;
-    }
+    KVImageFileReader* CreateReaderByUID(const QString& uid) override;
     KVImageFileWriter* CreateWriter(const QString& format) override;
-    KVImageFileWriter* CreateWriterByUID(const QString& uid) override
-    {
-        return m_config.writerUIDs.contains(uid) ? MakeWriter(uid) : nullptr;
-    }
-    void ReleaseReader(KVImageFileReader* reader) override
-    {
-        ++m_readersReleased;
-        delete reader;
-    }
-    void ReleaseWriter(KVImageFileWriter* writer) override
-    {
-        ++m_writersReleased;
-        delete writer;
-    }
+    KVImageFileWriter* CreateWriterByUID(const QString& uid) override;
+    void ReleaseReader(KVImageFileReader* reader) override;
+    void ReleaseWriter(KVImageFileWriter* writer) override;
 
-    int m_readersMade = 0;
-    int m_readersReleased = 0;
-    int m_writersMade = 0;
-    int m_writersReleased = 0;
+    int m_readersMade = 0, m_readersReleased = 0, m_writersMade = 0, m_writersReleased = 0;
     QStringList m_requestedFormats; // suffixes passed to CreateReader/CreateWriter
 
 private:
-    const TestGroup* Group(const QString& uid) const;
-    KVImageFileReader* MakeReader(const QString& uid);
-    KVImageFileWriter* MakeWriter(const QString& uid);
+    TestGroup Group(const QString& uid) const;
 
     TestImagePluginConfig m_config;
 };

@@ -7,47 +7,35 @@
 #include <functional>
 
 namespace {
-QString Text(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
-QString Text(long long size)
-{
-    return QString::number(size);
-}
-
-template <typename T> QString Joined(const QList<T>& items)
+QString Joined(const QList<QSize>& sizes)
 {
     QStringList texts;
-    for (const T& item : items)
-        texts.append(Text(item));
+    for (const QSize& size : sizes)
+        texts << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
     return texts.join(QLatin1Char(','));
 }
 
-QString UserState()
+QString Joined(const QList<long long>& sizes)
 {
-    return KVApplication::GetPathOpen();
+    QStringList texts;
+    for (long long size : sizes)
+        texts << QString::number(size);
+    return texts.join(QLatin1Char(','));
 }
 
-QString ResolutionState()
-{
-    return Joined(MZExportResolutions::GetList());
-}
-
-QString SizeState()
-{
-    return Joined(MZExportSizes::GetList());
-}
+// The states of the three files, as the keepWriting scenario reports them.
+const std::function<QString()> kState[] = {[] { return KVApplication::GetPathOpen(); },
+                                           [] { return Joined(MZExportResolutions::GetList()); },
+                                           [] { return Joined(MZExportSizes::GetList()); }};
+const char* const kFile[] = {"user", "resolutions", "sizes"};
 
 // Reports the state that a change will leave ("next:<file>"), makes it, and
 // reports it done ("done:<file>").
-void Change(const QString& file, const std::function<void()>& change,
-            const std::function<QString()>& state, const QString& next)
+void Change(int file, const std::function<void()>& change, const QString& next)
 {
-    Report(QStringLiteral("next:") + file, next);
+    Report(QStringLiteral("next:") + kFile[file], next);
     change();
-    Report(QStringLiteral("done:") + file, state());
+    Report(QStringLiteral("done:") + kFile[file], kState[file]());
 }
 
 // Adds to a short list, else replaces or removes an entry: the lists stay
@@ -57,21 +45,22 @@ void ChangeResolutions(int step)
     QList<QSize> list = MZExportResolutions::GetList();
     const QSize size(100 + step % 9000, 100 + step % 7);
     const int index = list.isEmpty() ? 0 : step % list.size();
-    std::function<void()> change;
     if (list.size() < 6) {
         int at = 0;
         while (at < list.size() && list.at(at).width() <= size.width())
             ++at;
         list.insert(at, size);
-        change = [&] { MZExportResolutions::Add(size); };
+        Change(
+            1, [&] { MZExportResolutions::Add(size); }, Joined(list));
     } else if (step % 2) {
         list[index] = size;
-        change = [&] { MZExportResolutions::Set(index, size); };
+        Change(
+            1, [&] { MZExportResolutions::Set(index, size); }, Joined(list));
     } else {
         list.removeAt(index);
-        change = [&] { MZExportResolutions::Remove(index); };
+        Change(
+            1, [&] { MZExportResolutions::Remove(index); }, Joined(list));
     }
-    Change("resolutions", change, &ResolutionState, Joined(list));
 }
 
 void ChangeSizes(int step)
@@ -79,15 +68,15 @@ void ChangeSizes(int step)
     QList<long long> list = MZExportSizes::GetList();
     const long long size = 1000LL * step + 5000000000LL;
     const int index = list.isEmpty() ? 0 : step % list.size();
-    std::function<void()> change;
     if (list.size() < 6) {
         list.append(size);
-        change = [&] { MZExportSizes::Add(size); };
+        Change(
+            2, [&] { MZExportSizes::Add(size); }, Joined(list));
     } else {
         list.removeAt(index);
-        change = [&] { MZExportSizes::Remove(index); };
+        Change(
+            2, [&] { MZExportSizes::Remove(index); }, Joined(list));
     }
-    Change("sizes", change, &SizeState, Joined(list));
 }
 } // namespace
 
@@ -98,9 +87,8 @@ void ChangeSizes(int step)
 KV_SCENARIO(keepWriting)
 {
     Q_UNUSED(app);
-    Report("start:user", UserState());
-    Report("start:resolutions", ResolutionState());
-    Report("start:sizes", SizeState());
+    for (int file = 0; file < 3; ++file)
+        Report(QStringLiteral("start:") + kFile[file], kState[file]());
     const int run = arguments.value(0).toInt();
     for (int i = 0; i < 100000; ++i) {
         const int step = run * 100000 + i;
@@ -111,7 +99,7 @@ KV_SCENARIO(keepWriting)
         } else {
             const QString path = QStringLiteral("/Users/me/Pictures/%1").arg(step);
             Change(
-                "user", [&] { KVApplication::SetPathOpen(path); }, &UserState, path);
+                0, [&] { KVApplication::SetPathOpen(path); }, path);
         }
     }
     return 0;

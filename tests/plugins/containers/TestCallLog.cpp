@@ -7,18 +7,14 @@ QMutex s_lock;
 QStringList s_calls;
 } // namespace
 
-namespace TestCallLog {
-
-void Append(const QString& call)
+void TestCallLog::Append(const QString& call)
 {
     QMutexLocker locker(&s_lock);
     s_calls.append(call);
 }
 
-QStringList Take()
+QStringList TestCallLog::Take()
 {
     QMutexLocker locker(&s_lock);
     return std::exchange(s_calls, {});
 }
-
-} // namespace TestCallLog

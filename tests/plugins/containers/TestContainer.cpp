@@ -1,6 +1,6 @@
 // A plug-in container for the loader's tests, built in several kinds:
 //   KV_KIND_IMAGE           one image-file plug-in reading KV_CONTAINER_NAME files
-//   KV_KIND_BRUSH           the brush factory
+//   KV_KIND_BRUSH           a null entry and the brush factory
 //   KV_KIND_TWO_BRUSHES     two objects with the brush factory's UID, the last no factory
 //   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
 //   KV_KIND_EMPTY           no plug-in objects
@@ -18,8 +18,6 @@
 #include <KVApplication.h>
 #include <KVBrushPlugin.h>
 
-#include <QPointer>
-
 #include <cstdlib>
 
 #if defined(KV_KIND_MISSING_SYMBOL)
@@ -29,28 +27,32 @@ void MissingHelper();
 
 namespace {
 const QString kName = QStringLiteral(KV_CONTAINER_NAME);
-const QString kBrushFactoryUID = QStringLiteral("{00000000-0000-0000-0000-000000000002}");
+
+void Record(const char* call)
+{
+    TestCallLog::Append(kName + QLatin1Char(':') + QLatin1String(call));
+}
 } // namespace
 
 class TestBrushPlugin : public KVBrushPlugin
 {
     Q_OBJECT
 public:
-    QString GetUID() const override { return kBrushFactoryUID; }
+    QString GetUID() const override { return "{00000000-0000-0000-0000-000000000002}"; }
 };
 
 class TestBrushFactory : public TestBrushPlugin, public IBrushFactory
 {
     Q_OBJECT
 public:
-    QStringList GetBrushIDs() const override { return {QStringLiteral("round")}; }
+    QStringList GetBrushIDs() const override { return {"round"}; }
     QString GetBrushName(const QString& id) const override
     {
-        return id == QLatin1String("round") ? QStringLiteral("Round") : QString();
+        return id == "round" ? "Round" : QString();
     }
     QImage CreateBrushTip(const QString& id, int diameter, qreal hardness) const override
     {
-        if (id != QLatin1String("round") || diameter < 1)
+        if (id != "round" || diameter < 1)
             return QImage();
         QImage tip(diameter, diameter, QImage::Format_Alpha8);
         tip.fill(int(255 * hardness));
@@ -67,9 +69,7 @@ public:
     {}
     QString GetUID() const override { return m_id; }
     QString GetAdjustmentID() const override { return m_id; }
-
-private:
-    QString m_id;
+    const QString m_id;
 };
 
 namespace {
@@ -77,18 +77,16 @@ QList<KVPlugin*> MakePlugins()
 {
 #if defined(KV_KIND_IMAGE)
     TestImagePluginConfig config;
-    config.uid =
-        QStringLiteral("{7e57c000-0000-4000-8000-%1}").arg(qHash(kName), 12, 16, QLatin1Char('0'));
+    config.uid = QString("{7e57c000-0000-4000-8000-%1}").arg(qHash(kName), 12, 16, QChar('0'));
     config.formats = QStringList{kName};
-    config.readerUIDs = QStringList{config.uid + QStringLiteral("-reader")};
+    config.readerUIDs = QStringList{config.uid + "-reader"};
     return {new TestImagePlugin(config)};
 #elif defined(KV_KIND_BRUSH)
     return {nullptr, new TestBrushFactory};
 #elif defined(KV_KIND_TWO_BRUSHES)
     return {new TestBrushFactory, new TestBrushPlugin};
 #elif defined(KV_KIND_ADJUSTMENTS)
-    return {new TestAdjustment(kName + QStringLiteral(".invert")),
-            new TestAdjustment(kName + QStringLiteral(".grey"))};
+    return {new TestAdjustment(kName + ".invert"), new TestAdjustment(kName + ".grey")};
 #else
     return {};
 #endif
@@ -103,7 +101,7 @@ class TestContainer : public QObject, public IPluginContainer
 public:
     void Initialize() override
     {
-        Record(QStringLiteral("Initialize"));
+        Record("Initialize");
 #if defined(KV_KIND_MISSING_SYMBOL)
         MissingHelper();
 #elif defined(KV_KIND_ABORT)
@@ -112,10 +110,9 @@ public:
         if (!m_plugins.isEmpty())
             return;
         m_plugins = MakePlugins();
-        if (KVApplication* app = KVApplication::GetInstance()) {
+        if (KVApplication* app = KVApplication::GetInstance())
             m_flush = connect(app, &KVApplication::FlushPluginData, this,
-                              [] { Record(QStringLiteral("FlushPluginData")); });
-        }
+                              [] { Record("FlushPluginData"); });
         for (KVPlugin* plugin : qAsConst(m_plugins)) {
             if (auto* adjustment = qobject_cast<KVAdjustment*>(plugin))
                 KVAdjustmentManager::Register(adjustment);
@@ -124,7 +121,7 @@ public:
 
     void Release() override
     {
-        Record(QStringLiteral("Release"));
+        Record("Release");
         disconnect(m_flush);
         for (KVPlugin* plugin : qAsConst(m_plugins)) {
             if (auto* adjustment = qobject_cast<KVAdjustment*>(plugin))
@@ -136,7 +133,7 @@ public:
 
     void UIReady() override
     {
-        Record(QStringLiteral("UIReady"));
+        Record("UIReady");
     }
     QList<KVPlugin*> GetPlugins() override
     {
@@ -144,11 +141,6 @@ public:
     }
 
 private:
-    static void Record(const QString& call)
-    {
-        TestCallLog::Append(kName + QLatin1Char(':') + call);
-    }
-
     QList<KVPlugin*> m_plugins;
     QMetaObject::Connection m_flush;
 };
