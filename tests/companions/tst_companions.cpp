@@ -27,7 +27,6 @@ QByteArray GrayProfileBytes()
 }
 } // namespace
 
-// The profile and pixel-ratio types that plug-ins compile against.
 class CompanionsTest : public QObject
 {
     Q_OBJECT
@@ -57,7 +56,6 @@ private Q_SLOTS:
 
         QTest::newRow("sRGB") << srgb << true << quint32(0x52474220);
         QTest::newRow("gray") << GrayProfileBytes() << true << quint32(0x47524159);
-        QTest::newRow("header cut short") << srgb.left(100) << false << quint32(0);
         QTest::newRow("end cut off") << srgb.left(srgb.size() / 2) << false << quint32(0);
         QTest::newRow("no ICC signature") << badMagic << false << quint32(0);
     }
@@ -85,7 +83,7 @@ private Q_SLOTS:
     void unreadablePaths()
     {
         KVCMSProfile profile;
-        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")));
+        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")) && profile.GetPath().isEmpty());
         QVERIFY(!profile.Load(m_dir.path()));
     }
 
