@@ -101,7 +101,6 @@ private Q_SLOTS:
         auto holder = std::make_unique<KVFileBookmark>(file);
         holder->Acquire("not bookmarked.png");
         QCOMPARE(Access(file), 0);
-
         holder = std::make_unique<KVFileBookmark>(file);
         QVERIFY(QFile::rename(file, "elsewhere.png"));
         holder.reset();

@@ -58,7 +58,6 @@ private Q_SLOTS:
                           KVGradientStop(0.25, b, false, false, false),
                           KVGradientStop(1.0, d, false, false, false)};
         QCOMPARE(ToReversedStops(stops), QGradientStops({{0.0, d}, {0.75, b}, {1.0, Qt::white}}));
-
         // Back from Qt, the background stop is a fixed white one.
         const Stops back = FromGradientStops(ToGradientStops(stops));
         KVApplication::SetBackground(Qt::black);

@@ -49,11 +49,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("loads");
         QTest::addColumn<quint32>("colorSpace");
-
         const QByteArray srgb = ProfileBytes(cmsCreate_sRGBProfile());
         QByteArray badMagic = srgb;
         badMagic[36] = 'x';
-
         QTest::newRow("sRGB") << srgb << true << quint32(0x52474220);
         QTest::newRow("gray") << GrayProfileBytes() << true << quint32(0x47524159);
         QTest::newRow("end cut off") << srgb.left(srgb.size() / 2) << false << quint32(0);
@@ -65,14 +63,12 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         QFETCH(bool, loads);
         QFETCH(quint32, colorSpace);
-
         KVCMSProfile profile;
         const QString path = Write("profile.icc", bytes);
         QCOMPARE(profile.Load(path), loads);
         QCOMPARE(profile.GetPath(), loads ? path : QString());
         QCOMPARE(profile.GetColorSpace(), colorSpace);
         QCOMPARE(profile.IsEmpty(), !loads);
-
         // A failed load empties a profile that held one before.
         KVCMSProfile reused;
         QVERIFY(reused.Load(Write("srgb.icc", ProfileBytes(cmsCreate_sRGBProfile()))));

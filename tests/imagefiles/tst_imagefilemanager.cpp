@@ -95,7 +95,6 @@ private Q_SLOTS:
         QCOMPARE(Manager::GetFilterForRead(), QString());
         QVERIFY(!Manager::Register(nullptr));
         QVERIFY(!Manager::Unregister(nullptr));
-
         Manager::ReleaseInstance();
         auto plugin = MakePlugin({"png"});
         QVERIFY(!Manager::Register(plugin.get()));
@@ -121,7 +120,6 @@ private Q_SLOTS:
         QCOMPARE(Manager::GetPluginForWrite("png"), newer.get());
         QCOMPARE(Manager::GetPluginForRead("bmp"), older.get());
         QVERIFY(!Manager::CreateReader("raw")); // disabled
-
         QVERIFY(Manager::Unregister(newer.get()));
         QVERIFY(!Manager::Unregister(newer.get()));
         QCOMPARE(Manager::GetPluginForRead("png"), older.get());
@@ -136,33 +134,27 @@ private Q_SLOTS:
         Manager::Register(first.get());
         QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
                                           kAll, kPng, kJpeg}));                  // write side
-
         auto second = MakePlugin({"png", "gif"}, {{kPng, "Renamed", {"png", "gif"}}});
         Manager::Register(second.get());
         QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
         QCOMPARE(Manager::GetGroupName(kPng), QString("PNG")); // the first name stays
-
         auto third = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
         Manager::Register(third.get());
         QCOMPARE(log.Take(), QStringList());
-
         // gif loses its only reader: out of All and PNG, which keeps png.
         Manager::Unregister(second.get());
         QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
         QCOMPARE(Manager::GetGroupReadFormats(kPng), QStringList({"png"}));
-
         // png still has the third plug-in; jpg goes, and JPEG is left empty.
         Manager::Unregister(first.get());
         QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
         QCOMPARE(Manager::GetSupportedReadGroups(), QStringList({kAll, kPng, kJpeg}));
         QCOMPARE(Manager::GetGroupReadFormats(kJpeg), QStringList());
         QCOMPARE(Manager::GetGroupName(kJpeg), QString("JPEG"));
-
         // A known, emptied group filled again is not a new group.
         auto fourth = MakePlugin({"jpg"}, {{kJpeg, "JPEG", {"jpg"}}});
         Manager::Register(fourth.get());
         QCOMPARE(log.Take(), QStringList({kAll, kJpeg, kAll, kJpeg}));
-
         // A destroyed plug-in leaves the tables.
         fourth.reset();
         QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
@@ -183,7 +175,6 @@ private Q_SLOTS:
         const QString line =
             "Line=521, file=\"src/private/KVImageFileManager_p\". %1 uid is not unique.";
         QCOMPARE(lines, QStringList({line.arg("{r1}"), line.arg("{w1}")}));
-
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r1}"));
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));
         Manager::ReleaseWriter(Manager::CreateWriterByUID("{w1}"));
@@ -197,13 +188,11 @@ private Q_SLOTS:
     {
         auto plugin = MakePlugin({"png"});
         Manager::Register(plugin.get());
-
         Manager::ReleaseReader(Manager::CreateReader("PNG"));
         Manager::ReleaseWriter(Manager::CreateWriter("Png"));
         QCOMPARE(plugin->m_requestedFormats, QStringList({"png", "png"}));
         QVERIFY(!Manager::CreateWriter("gif"));
         QCOMPARE(QPair(plugin->m_readersReleased, plugin->m_writersReleased), QPair(1, 1));
-
         // Unknown pointers, and readers already destroyed, are ignored.
         TestImageReader stranger("{x}", {"png"});
         Manager::ReleaseReader(&stranger);
@@ -213,7 +202,6 @@ private Q_SLOTS:
         Manager::ReleaseReader(reused);
         delete reused;
         QCOMPARE(plugin->m_readersReleased, 1);
-
         // After unregistering, the plug-in's readers are no longer the manager's.
         KVImageFileReader* orphan = Manager::CreateReader("png");
         Manager::Unregister(plugin.get());
@@ -227,7 +215,6 @@ private Q_SLOTS:
         QTest::addColumn<QList<TestGroup>>("groups");
         QTest::addColumn<QString>("read");
         QTest::addColumn<QString>("write");
-
         QTest::newRow("no groups") << QList<TestGroup>() << "All (*.bmp *.png)"
                                    << "";
         QTest::newRow("UID order, empty group")
@@ -260,20 +247,16 @@ private Q_SLOTS:
         bool ok = true;
         QVERIFY(Manager::Open("a.png", &ok) && ok);
         QVERIFY(!Manager::Open("a.jpg", nullptr));
-
         log = {{}, "b.png", ""};
         Manager::Open(QStringList{"a.png", "b.png", "c.png"});
         QCOMPARE(log.paths, QStringList({"a.png", "b.png"}));
-
         log = {};
         Manager::Register(&SwitchingOpen, &log);
         Manager::Open(QStringList{"a", "b", "c"});
         QCOMPARE(log.paths, QStringList({"a", "second:b", "second:c"}));
-
         Manager::Register(Manager::OpenCallback(nullptr), nullptr);
         ok = true;
         QVERIFY(!Manager::Open("a.png", &ok) && !ok);
-
         QVERIFY(!Manager::Save(nullptr));
         int first = 0;
         int second = 0;

@@ -84,7 +84,6 @@ private Q_SLOTS:
         QVERIFY(Manager::InitReadersPool());
         QCOMPARE(jpeg->m_readersMade, PoolSize());
         QCOMPARE(png->m_readersMade, PoolSize());
-
         const Readers fromJpg = AcquireAll("JPG");
         ReleaseAll(fromJpg);
         const Readers fromJpeg = AcquireAll("jpeg");
@@ -99,7 +98,6 @@ private Q_SLOTS:
         QVERIFY(!ToSet(fromPng).intersects(ToSet(fromJpeg)));
         ReleaseAll(fromPng);
         QVERIFY(!Manager::AcquireReader("gif"));
-
         // A format registered later gets its pool from the next call.
         AddPlugin({"tif"});
         QVERIFY(!Manager::AcquireReader("tif"));
@@ -116,7 +114,6 @@ private Q_SLOTS:
         Manager::InitReadersPool();
         const Readers all = AcquireAll("png");
         ReleaseAll(all);
-
         std::atomic<bool> borrowed{false};
         std::atomic<bool> returned{false};
         std::thread lender([&] {
@@ -128,7 +125,6 @@ private Q_SLOTS:
         });
         while (!borrowed)
             QThread::yieldCurrentThread();
-
         // Releasing a pool reader takes it out of its pool once all are back.
         Manager::ReleaseReader(Manager::CreateReader("png")); // not a pool reader: no wait
         QVERIFY(!returned);
@@ -136,7 +132,6 @@ private Q_SLOTS:
         QVERIFY2(returned, "relocation must wait for the lent reader");
         lender.join();
         QCOMPARE(png->m_readersReleased, 2);
-
         // The pool is one smaller and never lends the released reader again.
         const Readers rest = AcquireAll("png", PoolSize() - 1);
         QVERIFY(!rest.contains(all.first()));
@@ -156,12 +151,10 @@ private Q_SLOTS:
             Manager::ReleaseAcquiredReader(all.at(PoolSize() - 2));
         }
         KVImageFileReader* own = Manager::CreateReader("png"); // not the pool's
-
         Manager::ReleaseReadersPool();
         QCOMPARE(png->m_readersReleased, PoolSize() - 1);
         QVERIFY(!Manager::AcquireReader("png"));
         Manager::ReleaseReader(own);
-
         // Pools whose plug-in was unregistered meanwhile are emptied as well;
         // their readers are no longer the manager's to hand back.
         Manager::InitReadersPool();
@@ -184,7 +177,6 @@ private Q_SLOTS:
         const Readers all = AcquireAll("png");
         KVImageFileReader* free = all.first();
         ReleaseAll(all); // the first released is the last lent
-
         std::atomic<bool> holdsTheRest{false};
         KVImageFileReader* last = nullptr;
         std::thread borrower([&] {
@@ -231,7 +223,6 @@ private Q_SLOTS:
                 holder->second.fetch_sub(1);
             Manager::ReleaseAcquiredReader(reader);
         };
-
         std::vector<std::thread> borrowers;
         for (int t = 0; t < 8; ++t) {
             borrowers.emplace_back([&, t] {
@@ -256,7 +247,6 @@ private Q_SLOTS:
         }
         for (std::thread& borrower : borrowers)
             borrower.join();
-
         QCOMPARE(errors.load(), 0);
         QCOMPARE(Manager::AcquireReader("png"), png.first());
         Manager::ReleaseAcquiredReader(png.first());
