@@ -77,8 +77,6 @@ QVector<SettingsRow> SettingsRows()
         // The key fails to read; Qt still reads the value.
         {"map key of odd length ahead of a polygon",
          Variant(Stream(quint32(QMetaType::QVariantMap), quint32(1), quint32(1)) + kPolygon), true},
-        {"polygon in a text format",
-         Variant(Stream(quint32(79), qint32(1), quint32(1), qint32(5)) + kPolygon), true},
         {"polygon in a date's stream", "@DateTime(\\0\\0\\0G\\0\\x7f\\xff\\xff\\xff)", true},
         {"polygon of reals beyond an int",
          Variant(Stream(quint32(127), QByteArray("QPolygonF"), quint32(0x80000000))), true},

