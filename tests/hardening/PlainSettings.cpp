@@ -1,8 +1,8 @@
-// kv_plainsettings <file> <key in hex>: reads one key of an INI file with
-// plain QSettings, built without the library and sanitizers, and prints it
-// as IniText.h does. A value that makes Qt allocate far beyond what the file
-// holds fails here as a crash, as on a smaller machine; printing it to a
-// QDebug asks of it what Qt's own code asks of a value.
+// kv_plainsettings <file> <key in hex>: one key of an INI file as plain
+// QSettings reads it (without the library and sanitizers), printed as
+// IniText.h does. A value that makes Qt allocate far beyond what the file
+// holds fails here as a crash; printing it to a QDebug asks of it what Qt's
+// own code asks of a value.
 
 #include "IniText.h"
 

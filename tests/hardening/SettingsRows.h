@@ -18,7 +18,6 @@ Q_DECLARE_METATYPE(SettingsRow)
 
 QVector<SettingsRow> SettingsRows();
 
-// A file holding the row's value among others: top-level keys, the value in
-// a section of its own ("Plugin/Key"), and a section after it. With
+// A file holding the row's value as "Plugin/Key" among others; with
 // repaired, a damaged value as the repair leaves it.
 QByteArray SettingsRowFile(const SettingsRow& row, bool repaired = false);

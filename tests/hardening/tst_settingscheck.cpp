@@ -30,14 +30,11 @@ private Q_SLOTS:
             {"escaped line break", "a=x\\\n" + polygon + "\nb=2\n"},
             {"commented out", "; a=" + polygon + "\nb=2\n"},
             {"in a section name", "[" + polygon + "]\nb=2\n"},
-            {"line without equals sign", polygon + "\nb=2\n"},
             {"in the key", polygon + "=2\n"}};
         for (const auto& [name, file] : leftAlone)
             QTest::newRow(name) << file << file;
         QTest::newRow("no line break at the end")
             << "b=2\na=" + polygon << QByteArray("b=2\na=@Invalid()");
-        QTest::newRow("semicolon ends the value") << "a=" + polygon + ";" + polygon + "\n"
-                                                  << QByteArray("a=@Invalid();" + polygon + "\n");
     }
 
     void repair()

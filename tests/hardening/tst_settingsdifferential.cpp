@@ -31,8 +31,7 @@ QByteArray PlainText(const QString& file, const QString& key)
 } // namespace
 
 // Every key that plain QSettings reads without harm reads the same through
-// the library, for every settings and preset file of the fuzz corpora and
-// for the damaged-file rows.
+// the library, for the fuzz corpora's settings and preset files and the rows.
 class SettingsDifferentialTest : public QObject
 {
     Q_OBJECT

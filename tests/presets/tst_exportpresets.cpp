@@ -62,15 +62,6 @@ QString ListText()
     return texts.join(' ');
 }
 
-template <typename Get> QString OutOfRangeMessage(Get get)
-{
-    try {
-        get();
-    } catch (const std::out_of_range& error) {
-        return QString::fromLatin1(error.what());
-    }
-    return QString();
-}
 } // namespace
 
 // Every test starts from two empty lists in files of an older release, and
@@ -95,11 +86,24 @@ private Q_SLOTS:
 
     void cleanup() { m_app.reset(); }
 
-    // Once the application object is gone, the lists read as empty and
-    // changes are ignored.
-    void neutralWithoutInstance()
+    // An index out of range throws; once the application object is gone, the
+    // lists read as empty and changes are ignored.
+    void outOfRangeAndWithoutInstance()
     {
+        WritePresets("Resolutions", "0=800x600\n");
         Start();
+        const auto message = [](auto get) {
+            try {
+                get();
+            } catch (const std::out_of_range& error) {
+                return QString::fromLatin1(error.what());
+            }
+            return QString();
+        };
+        const QString resolution = "resolution index is out of range";
+        QCOMPARE(message([] { Resolutions::Get(-1); }), resolution);
+        QCOMPARE(message([] { Resolutions::Get(1); }), resolution);
+        QCOMPARE(message([] { Sizes::Get(0); }), QString("size index is out of range"));
         m_app.reset();
         QCOMPARE(Resolutions::GetSize(), -1);
         QCOMPARE(Sizes::GetSize(), -1);
@@ -111,7 +115,7 @@ private Q_SLOTS:
         Resolutions::Add(0, QSize(10, 10));
         Resolutions::Set(0, QSize(10, 10));
         Resolutions::Remove(0);
-        QCOMPARE(Stored("Resolutions"), QStringList{"1.0"});
+        QCOMPARE(Stored("Resolutions"), (QStringList{"1.0", "0=800x600"}));
     }
 
     void firstUseWritesDefaults_data()
@@ -143,58 +147,50 @@ private Q_SLOTS:
     // missing index, and left alone until the first change. A change is
     // announced after the list changed and before the file is written, which
     // rewrites the entries and removes stale keys only below the old key count.
+    // A row: "entries (';' between lines) | call | signal (none: nothing
+    // written) | list | stored keys (default: as the list is written)".
     void change_data()
     {
         QTest::addColumn<QString>("group");
-        QTest::addColumn<QByteArray>("entries");
-        QTest::addColumn<QString>("call");   // an index and a size as they apply
-        QTest::addColumn<QString>("signal"); // empty: none, and nothing written
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<QStringList>("stored"); // empty: as the list is written
-        const auto row = [](const QByteArray& name, const char* group, const QByteArray& entries,
-                            const char* call, const char* signal, const QString& list,
-                            const QStringList& stored = {}) {
-            QTest::newRow(name) << QString(group) << entries << QString(call) << QString(signal)
-                                << list << stored;
+        QTest::addColumn<QString>("row");
+        const auto row = [](const QString& text, const char* group = "Resolutions") {
+            QTest::newRow(qPrintable(text)) << QString(group) << text;
         };
-        for (const char* text : {"1920 x 1080", "1x10000"})
-            row(text, "Resolutions", "0=" + QByteArray(text) + "\n1=640x480\n", "", "",
-                QString(text).remove(' ') + " 640x480");
+        row("0=1920 x 1080;1=640x480 | | | 1920x1080 640x480");
+        row("0=1x10000;1=640x480 | | | 1x10000 640x480");
         for (const char* bad : {"1920X1080", "1920x1080x1", "0x100", "10001x10", "4294967297x10"})
-            row(bad, "Resolutions", "0=" + QByteArray(bad) + "\n1=640x480\n", "", "", "640x480");
-        row("5000000000", "Sizes", "0=5000000000\n1=7\n", "", "", "5000000000 7");
+            row(QString("0=%1;1=640x480 | | | 640x480").arg(bad));
+        row("0=5000000000;1=7 | | | 5000000000 7", "Sizes");
         for (const char* bad : {"0", "-5", "12abc", "9223372036854775808"})
-            row(bad, "Sizes", "0=" + QByteArray(bad) + "\n1=7\n", "", "", "7");
-        const char* gap = "0=1920x1080\n1=800x600\n2147483647=1x1\n";
-        row("unsorted, a gap, a huge key", "Resolutions", gap, "set 0 640x480", "Changhed 0",
-            "640x480 800x600", {"2.3.0", "0=640x480", "1=800x600", "2147483647=1x1"});
-        row("invalid middle", "Resolutions", "0=800x600\n1=abc\n2=1024x768\n", "set 0 640x480",
-            "Changhed 0", "640x480 1024x768");
-        // Before the first greater width, whatever the order.
-        row("add to unsorted", "Resolutions", gap, "add 1024x768", "Inserted 0",
-            "1024x768 1920x1080 800x600",
-            {"2.3.0", "0=1024x768", "1=1920x1080", "2=800x600", "2147483647=1x1"});
-        const char* two = "0=800x600\n1=1280x720\n";
-        row("add after equal widths", "Resolutions", two, "add 800x100", "Inserted 1",
-            "800x600 800x100 1280x720");
-        row("insert -5", "Resolutions", two, "insert -5 1x1", "Inserted 0", "1x1 800x600 1280x720");
-        row("insert 99", "Resolutions", two, "insert 99 1x1", "Inserted 2", "800x600 1280x720 1x1");
-        row("set 1", "Resolutions", two, "set 1 1x1", "Changhed 1", "800x600 1x1");
-        row("set 1 to the same", "Resolutions", two, "set 1 1280x720", "", "800x600 1280x720");
-        row("set 2", "Resolutions", two, "set 2 1x1", "", "800x600 1280x720");
-        row("remove 0", "Resolutions", two, "remove 0", "Removed 0", "1280x720");
-        row("remove -1", "Resolutions", two, "remove -1", "", "800x600 1280x720");
+            row(QString("0=%1;1=7 | | | 7").arg(bad), "Sizes");
+        // Unsorted, with a gap and a huge key; Add goes before the first greater width.
+        const QString gap = "0=1920x1080;1=800x600;2147483647=1x1 | ";
+        row(gap + "set 0 640x480 | Changhed 0 | 640x480 800x600 | 0=640x480 1=800x600 "
+                  "2147483647=1x1");
+        row(gap + "add 1024x768 | Inserted 0 | 1024x768 1920x1080 800x600 | 0=1024x768 "
+                  "1=1920x1080 2=800x600 2147483647=1x1");
+        const QString two = "0=800x600;1=1280x720 | ";
+        row(two + "add 800x100 | Inserted 1 | 800x600 800x100 1280x720");
+        row(two + "insert -5 1x1 | Inserted 0 | 1x1 800x600 1280x720");
+        row(two + "insert 99 1x1 | Inserted 2 | 800x600 1280x720 1x1");
+        row(two + "set 1 1x1 | Changhed 1 | 800x600 1x1");
+        row(two + "set 1 1280x720 | | 800x600 1280x720");
+        row(two + "set 2 1x1 | | 800x600 1280x720");
+        row(two + "remove 0 | Removed 0 | 1280x720");
+        row(two + "remove -1 | | 800x600 1280x720");
     }
 
     void change()
     {
         QFETCH(QString, group);
-        QFETCH(QByteArray, entries);
-        QFETCH(QString, call);
-        QFETCH(QString, signal);
-        QFETCH(QString, list);
-        QFETCH(QStringList, stored);
-        WritePresets(group, entries);
+        QFETCH(QString, row);
+        QStringList fields;
+        for (const QString& field : row.split('|'))
+            fields << field.trimmed();
+        const QString call = fields.at(1);
+        const QString signal = fields.at(2);
+        const QString list = fields.at(3);
+        WritePresets(group, QString(fields.at(0)).replace(';', '\n').toLatin1() + '\n');
         const QByteArray before = ReadFile(PresetFile(group));
         Start();
         QCOMPARE(ReadFile(PresetFile(group)), before);
@@ -227,18 +223,10 @@ private Q_SLOTS:
         QCOMPARE(seen, signal.isEmpty() ? QStringList() : announced);
         if (signal.isEmpty())
             QCOMPARE(ReadFile(PresetFile(group)), before);
+        else if (fields.size() > 4)
+            QCOMPARE(Stored(group), QStringList{"2.3.0"} + fields.at(4).split(' '));
         else
-            QCOMPARE(Stored(group), stored.isEmpty() ? Written(list) : stored);
-    }
-
-    void getOutOfRange()
-    {
-        WritePresets("Resolutions", "0=800x600\n");
-        Start();
-        const QString resolution = "resolution index is out of range";
-        QCOMPARE(OutOfRangeMessage([] { Resolutions::Get(-1); }), resolution);
-        QCOMPARE(OutOfRangeMessage([] { Resolutions::Get(1); }), resolution);
-        QCOMPARE(OutOfRangeMessage([] { Sizes::Get(0); }), QString("size index is out of range"));
+            QCOMPARE(Stored(group), Written(list));
     }
 };
 
