@@ -12,6 +12,8 @@
 #include <MZExportResolutions.h>
 #include <MZExportSizes.h>
 
+#include <QGuiApplication>
+
 #include <memory>
 
 namespace {
@@ -34,13 +36,14 @@ Lifecycle Of(void (*init)() = &M::InitInstance, void (*release)() = &M::ReleaseI
 } // namespace
 
 // The colour-profile manager is not here: it keeps its pointer when it is
-// released, once, at shutdown.
+// released, once, at shutdown. Without a KVApplication object (none, or a plain
+// QGuiApplication) the static accessors give their defaults and write nothing.
 class SingletonTest : public QObject
 {
     Q_OBJECT
 
     int m_argc = 1;
-    char* m_argv[1] = {const_cast<char*>("tst_singletons")};
+    char* m_argv[2] = {const_cast<char*>("tst_singletons"), nullptr};
     std::unique_ptr<KVApplication> m_app;
     const QList<Lifecycle> m_managers = {Of<KVImageFileManager>(),
                                          Of<KVAdjustmentManager>(),
@@ -53,8 +56,40 @@ class SingletonTest : public QObject
                                          Of<MZExportResolutions>(nullptr, nullptr),
                                          Of<MZExportSizes>(nullptr, nullptr)};
 
+    void CheckNeutral()
+    {
+        using App = KVApplication;
+        QVERIFY(!App::GetInstance());
+        QCOMPARE(App::GetApplicationValue("Any/Key", 5).toInt(), 5);
+        QCOMPARE(App::GetUserValue("Language/Index", "pt_BR").toString(), QString("pt_BR"));
+        QVERIFY(App::GetDataFolder().isNull() && App::GetUserDataFolder().isNull());
+        App::SetUserValue("Any/Key", 1);
+        App::SetAppicationValue("Any/Key", 1);
+        App::SetBackground(Qt::red);
+        App::SetTexturePatternIndex(4);
+        App::SetDataFolder(KVTest::HomePath() + "/moved");
+        App::FlushData();
+        QCOMPARE(App::GetBackground(), QColor(Qt::white));
+        QCOMPARE(App::GetTexturePatternIndex(), 0);
+        QVERIFY(!QDir(KVTest::HomePath() + "/moved").exists());
+        QVERIFY(!QDir(KVTest::HomePath() + "/Library").exists());
+    }
+
 private Q_SLOTS:
-    void init() { m_app.reset(new KVApplication(m_argc, m_argv)); }
+    void withoutApplicationObject()
+    {
+        CheckNeutral();
+        {
+            QGuiApplication plain(m_argc, m_argv);
+            CheckNeutral();
+        }
+        {
+            KVApplication app(m_argc, m_argv);
+            QCOMPARE(KVApplication::GetInstance(), &app);
+            QVERIFY(KVApplication::GetUserDataFolder().startsWith(KVTest::HomePath()));
+        }
+        QVERIFY(!KVApplication::GetInstance() && KVApplication::GetUserDataFolder().isNull());
+    }
 
     // What a failed row left behind goes before the application object.
     void cleanup()
@@ -78,6 +113,7 @@ private Q_SLOTS:
     void releaseClearsTheInstanceFirst()
     {
         QFETCH(int, index);
+        m_app.reset(new KVApplication(m_argc, m_argv));
         const Lifecycle& manager = m_managers[index];
         if (manager.init) {
             manager.init();
