@@ -16,25 +16,6 @@
 
 #include <memory>
 
-namespace {
-// One manager's life cycle as a host sees it. The export preset lists have
-// neither init nor release: the application object starts and ends them.
-struct Lifecycle
-{
-    const char* name;
-    void (*init)();
-    void (*release)();
-    QObject* (*instance)();
-};
-
-template <typename M>
-Lifecycle Of(void (*init)() = &M::InitInstance, void (*release)() = &M::ReleaseInstance)
-{
-    return {M::staticMetaObject.className(), init, release,
-            [] { return (QObject*)M::GetInstance(); }};
-}
-} // namespace
-
 // The colour-profile manager is not here: it keeps its pointer when it is
 // released, once, at shutdown. Without a KVApplication object (none, or a plain
 // QGuiApplication) the static accessors give their defaults and write nothing.
@@ -45,16 +26,34 @@ class SingletonTest : public QObject
     int m_argc = 1;
     char* m_argv[2] = {const_cast<char*>("tst_singletons"), nullptr};
     std::unique_ptr<KVApplication> m_app;
-    const QList<Lifecycle> m_managers = {Of<KVImageFileManager>(),
-                                         Of<KVAdjustmentManager>(),
-                                         Of<KVBrushToolManager>(),
-                                         Of<KVRecentManager>(),
-                                         Of<KVMenuManager>(),
-                                         Of<KVToolGroupManager>(),
-                                         Of<KVToolBarManager>(),
-                                         Of<KVToolWidgetManager>(),
-                                         Of<MZExportResolutions>(nullptr, nullptr),
-                                         Of<MZExportSizes>(nullptr, nullptr)};
+    QStringList m_heard; // "<class>:<instance found by a slot on destroyed()>"
+
+    // Notes what a slot on destroyed() finds when it asks for the manager.
+    template <typename M> void Watch()
+    {
+        QObject* instance = M::GetInstance();
+        QVERIFY2(instance, M::staticMetaObject.className());
+        connect(instance, &QObject::destroyed, this, [this] {
+            m_heard << QString("%1:%2").arg(M::staticMetaObject.className(),
+                                            M::GetInstance() ? "found" : "none");
+        });
+    }
+
+    // A second init keeps the first instance; release leaves none.
+    template <typename... M> void InitTwiceAndRelease()
+    {
+        auto cycle = [this](auto* tag) {
+            using T = std::remove_pointer_t<decltype(tag)>;
+            T::InitInstance();
+            QObject* first = T::GetInstance();
+            T::InitInstance();
+            QVERIFY2(T::GetInstance() == first, T::staticMetaObject.className());
+            Watch<T>();
+            T::ReleaseInstance();
+            QVERIFY2(!T::GetInstance(), T::staticMetaObject.className());
+        };
+        (cycle(static_cast<M*>(nullptr)), ...);
+    }
 
     void CheckNeutral()
     {
@@ -91,45 +90,22 @@ private Q_SLOTS:
         QVERIFY(!KVApplication::GetInstance() && KVApplication::GetUserDataFolder().isNull());
     }
 
-    // What a failed row left behind goes before the application object.
-    void cleanup()
-    {
-        for (const Lifecycle& manager : m_managers) {
-            if (manager.release)
-                manager.release();
-        }
-        m_app.reset();
-    }
-
-    void releaseClearsTheInstanceFirst_data()
-    {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < m_managers.size(); ++i)
-            QTest::newRow(m_managers[i].name) << i;
-    }
-
-    // A slot on destroyed() that asks for the manager finds none rather than
-    // the object being destroyed; a second init keeps the first instance.
+    // A slot on destroyed() that asks for a manager finds none rather than the
+    // object being destroyed. The export preset lists have neither init nor
+    // release: the application object starts and ends them.
     void releaseClearsTheInstanceFirst()
     {
-        QFETCH(int, index);
         m_app.reset(new KVApplication(m_argc, m_argv));
-        const Lifecycle& manager = m_managers[index];
-        if (manager.init) {
-            manager.init();
-            QObject* first = manager.instance();
-            manager.init();
-            QCOMPARE(manager.instance(), first);
-        }
-        QObject* instance = manager.instance();
-        QVERIFY(instance);
-        bool heard = false;
-        connect(instance, &QObject::destroyed, this, [&] {
-            heard = true;
-            instance = manager.instance();
-        });
-        manager.release ? manager.release() : m_app.reset();
-        QVERIFY(heard && !instance && !manager.instance());
+        InitTwiceAndRelease<KVImageFileManager, KVAdjustmentManager, KVBrushToolManager,
+                            KVRecentManager, KVMenuManager, KVToolGroupManager, KVToolBarManager,
+                            KVToolWidgetManager>();
+        Watch<MZExportResolutions>();
+        Watch<MZExportSizes>();
+        m_app.reset();
+        QVERIFY(!MZExportResolutions::GetInstance() && !MZExportSizes::GetInstance());
+        QCOMPARE(m_heard.size(), 10);
+        for (const QString& heard : qAsConst(m_heard))
+            QVERIFY2(heard.endsWith(":none"), qPrintable(heard));
     }
 };
 
