@@ -21,36 +21,29 @@ class ResourcesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Each row: folders in Resources (none: no Resources folder) | files there | languages found.
     void construction_data()
     {
-        QTest::addColumn<bool>("withResources");
-        QTest::addColumn<QStringList>("folders");
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<QStringList>("languages");
-        QTest::newRow("no Resources folder")
-            << false << QStringList() << QStringList() << QStringList();
-        QTest::newRow("all languages, in the fixed order")
-            << true
-            << QStringList{"pt.lproj", "fr.lproj", "sv.lproj", "ru.lproj", "de.lproj", "en.lproj"}
-            << QStringList() << QStringList{"en", "de", "ru", "sv", "fr", "pt"};
-        QTest::newRow("unknown and odd names")
-            << true << QStringList{"es.lproj", "EN.lproj", "de.lproj.old", "fr"} << QStringList()
-            << QStringList();
-        QTest::newRow("a file is not a folder")
-            << true << QStringList{"sv.lproj", "ru.lproj"} << QStringList{"de.lproj"}
-            << QStringList{"ru", "sv"};
+        QTest::addColumn<QString>("row");
+        for (const char* row :
+             {" | | ",
+              "pt.lproj fr.lproj sv.lproj ru.lproj de.lproj en.lproj | | en de ru sv fr pt",
+              "es.lproj EN.lproj de.lproj.old fr | | ", "sv.lproj ru.lproj | de.lproj | ru sv"})
+            QTest::newRow(row) << QString(row);
     }
     void construction()
     {
-        QFETCH(bool, withResources);
-        QFETCH(QStringList, folders);
-        QFETCH(QStringList, files);
-        QFETCH(QStringList, languages);
+        QFETCH(QString, row);
+        QList<QStringList> parts;
+        for (const QString& part : row.split('|'))
+            parts << part.split(' ', Qt::SkipEmptyParts);
+        const bool withResources = !parts[0].isEmpty();
+        const QStringList languages = parts[2];
         BundleFixture bundle(withResources);
         QVERIFY(bundle.IsValid());
-        for (const QString& folder : folders)
+        for (const QString& folder : parts[0])
             bundle.MakeFolder("Resources/" + folder);
-        for (const QString& file : files)
+        for (const QString& file : parts[1])
             bundle.WriteFile("Resources/" + file, "not a folder");
         bundle.SetEnvironment("QT_SCALE_FACTOR", "2");
         const auto run = bundle.RunScenario("construction");
