@@ -132,14 +132,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("output");
         const QString dark = "sheet=QWidget { color: #eeeeee; background: #202020; }\\n";
-        QTest::newRow("dark by default, the first search path keeps winning")
+        // Dark by default, the first search path keeps winning; another root is read
+        // up to its zero byte.
+        QTest::newRow("load set:2 load")
             << "load set:2 load"
             << QString("load=1|%1|theme=1|stored=1|load=1|%1|theme=2|stored=2").arg(dark);
-        QTest::newRow("another root, read up to its zero byte")
-            << "store::/Zero load"
-            << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2";
-        QTest::newRow("no theme") << "set:7 load"
-                                  << "load=0|sheet=|theme=0|stored=2";
+        QTest::newRow("store") << "store::/Zero load"
+                               << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2";
+        QTest::newRow("none") << "set:7 load"
+                              << "load=0|sheet=|theme=0|stored=2";
     }
     void themes()
     {
@@ -161,8 +162,7 @@ private Q_SLOTS:
         QDir(folder.path()).mkdir("sub.png");
 
         int argc = 1;
-        char name[] = "pelkaro";
-        char* argv[] = {name, nullptr};
+        char* argv[] = {const_cast<char*>("pelkaro"), nullptr};
         KVApplication app(argc, argv);
         app.LoadPatterns(folder.path());
         app.LoadPatterns(folder.filePath("missing"));

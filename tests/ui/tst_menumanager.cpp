@@ -17,16 +17,6 @@ enum KVMenuManager::MenuRole : int
 
 using Menus = KVMenuManager;
 
-namespace {
-QString Texts(const QWidget* widget)
-{
-    QStringList texts;
-    for (QAction* action : widget->actions())
-        texts << action->text();
-    return texts.join(' ');
-}
-} // namespace
-
 // Menus placed by role and position, read back from the real menus and bar.
 class MenuManagerTest : public QObject
 {
@@ -34,11 +24,17 @@ class MenuManagerTest : public QObject
 
     QList<QPointer<QMenu>> m_topLevel; // parentless menus the tests must delete
 
+    static QString Texts(const QWidget* widget)
+    {
+        QStringList texts;
+        for (QAction* action : widget->actions())
+            texts << action->text();
+        return texts.join(' ');
+    }
     QMenu* Top(int role)
     {
-        QMenu* menu = Menus::CreateMenu(Menus::MenuRole(role), QString::number(role));
-        m_topLevel << menu;
-        return menu;
+        m_topLevel << Menus::CreateMenu(Menus::MenuRole(role), QString::number(role));
+        return m_topLevel.last();
     }
 
 private Q_SLOTS:
@@ -113,8 +109,7 @@ private Q_SLOTS:
     // the manager every call is neutral.
     void destroyedObjectsAreForgotten()
     {
-        QMenu* file = Top(Menus::FileMenu);
-        QMenu* edit = Top(Menus::EditMenu);
+        QMenu *file = Top(Menus::FileMenu), *edit = Top(Menus::EditMenu);
         auto* caller = new QAction("caller");
         Menus::CreateAction(Menus::FileMenu, 10, caller);
         Menus::CreateAction(Menus::EditMenu, 10, caller);
@@ -137,8 +132,8 @@ private Q_SLOTS:
         Menus::ReleaseInstance(); // the menus outlive the manager
         QCOMPARE(file->actions().size(), 2);
 
-        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File"));
-        QVERIFY(!Menus::CreateAction(Menus::FileMenu, 10) &&
+        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File") &&
+                !Menus::CreateAction(Menus::FileMenu, 10) &&
                 !Menus::CreateMenu(Menus::FileMenu, 10));
         Menus::Take(Menus::FileMenu, 10);
         Menus::Setup(nullptr);

@@ -11,10 +11,9 @@
 
 using Bar = KVToolBarManager;
 
-// The tool bar and tool widget managers share one implementation, checked
-// here through the tool bar manager; they differ in what becomes of the focus.
-// The log holds Add() results ("+a=1") and every ContentChanged() with the
-// current UID and title at that moment.
+// The tool bar and tool widget managers share one implementation, checked through
+// the tool bar manager; they differ in the focus. The log holds Add() results
+// ("+a=1") and each ContentChanged() with the current UID and title.
 class ToolContentTest : public QObject
 {
     Q_OBJECT
@@ -37,10 +36,8 @@ class ToolContentTest : public QObject
     {
         M::InitInstance();
         QWidget window;
-        auto* layout = new QVBoxLayout(&window);
-        auto* elsewhere = new QLineEdit;
-        layout->addWidget(elsewhere);
-        layout->addWidget(M::GeneralContent());
+        auto* elsewhere = new QLineEdit(&window);
+        (new QVBoxLayout(&window))->addWidget(M::GeneralContent());
         auto* field = new QLineEdit(Widget("a"));
         QVERIFY(M::Add(Widget("a"), "uid-a") && M::Add(Widget("b"), "uid-b"));
         M::Activate(Widget("a"));
@@ -94,12 +91,11 @@ private Q_SLOTS:
         QVERIFY(grid->indexOf(Widget("a")) < 0 && Widget("a")->parent() == general);
     }
 
-    // Each row: commands | log | state. "+a" adds widget a under "uid-a", "act:a"
-    // activates it ("act:-" null), "rem:a" removes it, "del:a" deletes it, "free:a"
-    // takes it out of the general content; x is never added. "win" embeds the
-    // general content in a window, "delwin" deletes that window, "rel" releases
-    // the manager. State: "G" while the general content exists, then each visible
-    // widget, and "a~" for a deleted one.
+    // Each row: commands | log | state. "+a" adds widget a as "uid-a", "act:a" activates
+    // it ("act:-" null), "rem:a" removes, "del:a" deletes, "free:a" unparents it; x is
+    // never added. "win" puts the general content in a window, "delwin" deletes that,
+    // "rel" releases the manager. State: "G" while the general content exists, the
+    // visible widgets, "a~" for a deleted one.
     void sequences_data()
     {
         QTest::addColumn<QString>("row");

@@ -61,16 +61,12 @@ class ToolGroupTest : public QObject
 
     QString State() const
     {
-        const auto name = [this](KVActivateAction* tool) {
-            return m_tools.key(static_cast<Tool*>(tool), "-");
-        };
-        QString state =
-            "E=" + name(Group::GetExplicitAction()) + " I=" + name(Group::GetImplicitAction());
+        auto name = [this](QObject* tool) { return m_tools.key(static_cast<Tool*>(tool), "-"); };
+        QString state = "E=" + name(Group::GetExplicitAction());
+        state += " I=" + name(Group::GetImplicitAction());
         for (auto it = m_tools.cbegin(); it != m_tools.cend(); ++it)
-            state += QString(" %1%2%3")
-                         .arg(it.key())
-                         .arg(it.value()->IsChecked())
-                         .arg(it.value()->IsImplicitlyChecked());
+            state += " " + it.key() + QString::number(it.value()->IsChecked()) +
+                     QString::number(it.value()->IsImplicitlyChecked());
         return state;
     }
 
