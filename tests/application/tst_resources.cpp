@@ -15,12 +15,68 @@ static QStringList Stamped(QStringList lines)
     return lines;
 }
 
-// Languages and themes in real bundles, patterns and the shared slots.
+// Construction, languages and themes in real bundles; patterns and the shared slots.
 class ResourcesTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    // Each row: folders in Resources (none: no Resources folder) | files there | languages found.
+    void construction_data()
+    {
+        QTest::addColumn<QString>("row");
+        for (const char* row :
+             {" | | ",
+              "pt.lproj fr.lproj sv.lproj ru.lproj de.lproj en.lproj | | en de ru sv fr pt",
+              "es.lproj EN.lproj de.lproj.old fr | | ", "sv.lproj ru.lproj | de.lproj | ru sv"})
+            QTest::newRow(row) << QString(row);
+    }
+    void construction()
+    {
+        QFETCH(QString, row);
+        QList<QStringList> parts;
+        for (const QString& part : row.split('|'))
+            parts << part.split(' ', Qt::SkipEmptyParts);
+        const bool withResources = !parts[0].isEmpty();
+        const QStringList languages = parts[2];
+        BundleFixture bundle(withResources);
+        QVERIFY(bundle.IsValid());
+        for (const QString& folder : parts[0])
+            bundle.MakeFolder("Resources/" + folder);
+        for (const QString& file : parts[1])
+            bundle.WriteFile("Resources/" + file, "not a folder");
+        bundle.SetEnvironment("QT_SCALE_FACTOR", "2");
+        const auto run = bundle.RunScenario("construction");
+        QCOMPARE(run.exitCode, 0);
+
+        const QString folder = withResources ? bundle.ResourcesPath() : bundle.MacOSPath();
+        QCOMPARE(run.Value("resourcePath"), QFileInfo(folder).canonicalFilePath());
+        QCOMPARE(run.Values("language"), languages);
+        QStringList expectedLog;
+        for (const char* code : {"en", "de", "ru", "sv", "fr", "pt"}) {
+            if (!languages.contains(code))
+                expectedLog << LogCapture::Expected("src/private/KVApplication_p",
+                                                    QString("No %1 translations.").arg(code));
+        }
+        if (!withResources) {
+            // Once at construction, once by the scenario's own call.
+            const QString missing =
+                LogCapture::Expected("src/KVApplication", "The Resouces folder does not exist");
+            expectedLog = QStringList{missing} + expectedLog + QStringList{missing};
+        }
+        QCOMPARE(Stamped(run.log), expectedLog);
+
+        QCOMPARE(run.Value("dataFolder"),
+                 QString("/Library/Application Support/Pelkaro AB/Pelkaro"));
+        QCOMPARE(run.Value("userDataFolder"),
+                 bundle.HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro");
+        QCOMPARE(run.Value("userDataFolderExists"), QString("1"));
+        QCOMPARE(run.Value("userFileExists"), QString("0"));
+        QVERIFY(!QDir("/Library/Application Support/Pelkaro AB").exists());
+        QCOMPARE(run.Value("highDpiPixmaps") + run.Value("noIconsInMenus"), QString("11"));
+        QCOMPARE(run.Value("pixelRatio"), QString("2"));
+    }
+
     // codes: loaded in order; expected: key=value lines that must be reported;
     // log: messages after construction's three, "broken" for the broken file's.
     void languages_data()
@@ -76,14 +132,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("output");
         const QString dark = "sheet=QWidget { color: #eeeeee; background: #202020; }\\n";
-        QTest::newRow("dark by default, the first search path keeps winning")
+        // Dark by default, the first search path keeps winning; another root is read
+        // up to its zero byte.
+        QTest::newRow("load set:2 load")
             << "load set:2 load"
             << QString("load=1|%1|theme=1|stored=1|load=1|%1|theme=2|stored=2").arg(dark);
-        QTest::newRow("another root, read up to its zero byte")
-            << "store::/Zero load"
-            << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2";
-        QTest::newRow("no theme") << "set:7 load"
-                                  << "load=0|sheet=|theme=0|stored=2";
+        QTest::newRow("store") << "store::/Zero load"
+                               << "load=1|sheet=QWidget { color: red; }|theme=2|stored=2";
+        QTest::newRow("none") << "set:7 load"
+                              << "load=0|sheet=|theme=0|stored=2";
     }
     void themes()
     {
@@ -105,8 +162,7 @@ private Q_SLOTS:
         QDir(folder.path()).mkdir("sub.png");
 
         int argc = 1;
-        char name[] = "pelkaro";
-        char* argv[] = {name, nullptr};
+        char* argv[] = {const_cast<char*>("pelkaro"), nullptr};
         KVApplication app(argc, argv);
         app.LoadPatterns(folder.path());
         app.LoadPatterns(folder.filePath("missing"));

@@ -17,16 +17,6 @@ enum KVMenuManager::MenuRole : int
 
 using Menus = KVMenuManager;
 
-namespace {
-QString Texts(const QWidget* widget)
-{
-    QStringList texts;
-    for (QAction* action : widget->actions())
-        texts << action->text();
-    return texts.join(' ');
-}
-} // namespace
-
 // Menus placed by role and position, read back from the real menus and bar.
 class MenuManagerTest : public QObject
 {
@@ -34,11 +24,17 @@ class MenuManagerTest : public QObject
 
     QList<QPointer<QMenu>> m_topLevel; // parentless menus the tests must delete
 
+    static QString Texts(const QWidget* widget)
+    {
+        QStringList texts;
+        for (QAction* action : widget->actions())
+            texts << action->text();
+        return texts.join(' ');
+    }
     QMenu* Top(int role)
     {
-        QMenu* menu = Menus::CreateMenu(Menus::MenuRole(role), QString::number(role));
-        m_topLevel << menu;
-        return menu;
+        m_topLevel << Menus::CreateMenu(Menus::MenuRole(role), QString::number(role));
+        return m_topLevel.last();
     }
 
 private Q_SLOTS:
@@ -55,48 +51,37 @@ private Q_SLOTS:
     // 10 back and deletes it, as the caller may.
     void entriesFollowTheirPositions_data()
     {
-        QTest::addColumn<QString>("entries");
-        QTest::addColumn<QString>("shown");
-        const char* const rows[][3] = {
-            {"between", "a10 a30 a20", "10 20 30"},
-            {"before a submenu", "m30 a-10 M20 A5", "-10 5 20 30"},
-            {"taken", "a20 m20 A20 M20 a10", "10 20"},
-            {"given back", "a10 a20 m30 t20 t30 t25 a20 a15", "10 15 20"}};
-        for (const auto& row : rows)
-            QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]);
+        QTest::addColumn<QString>("row");
+        for (const char* row :
+             {"a10 a30 a20 = 10 20 30", "m30 a-10 M20 A5 = -10 5 20 30",
+              "a20 m20 A20 M20 a10 = 10 20", "a10 a20 m30 t20 t30 t25 a20 a15 = 10 15 20"})
+            QTest::newRow(row) << QString(row);
     }
     void entriesFollowTheirPositions()
     {
-        QFETCH(QString, entries);
-        QFETCH(QString, shown);
+        QFETCH(QString, row);
         QMenu* file = Top(Menus::FileMenu);
         QObject owner;
         QMap<int, QPointer<QObject>> made;
-        for (const QString& entry : entries.split(' ')) {
+        for (const QString& entry : row.section(" = ", 0, 0).split(' ')) {
             const QString text = entry.mid(1);
-            const int position = text.toInt();
-            switch (entry.at(0).toLatin1()) {
-            case 'a':
-                if (QAction* action = Menus::CreateAction(Menus::FileMenu, position))
-                    action->setText(text), made[position] = action;
-                break;
-            case 'm':
-                if (QMenu* menu = Menus::CreateMenu(Menus::FileMenu, position))
-                    menu->setTitle(text), made[position] = menu;
-                break;
-            case 't':
-                Menus::Take(Menus::FileMenu, position);
-                QCOMPARE(made.contains(position), !made.value(position).isNull());
-                delete made.take(position).data();
-                break;
-            case 'A':
-                Menus::CreateAction(Menus::FileMenu, position, new QAction(text, &owner));
-                break;
-            default:
-                Menus::CreateMenu(Menus::FileMenu, position, new QMenu(text, file));
+            const int at = text.toInt();
+            const char kind = entry.at(0).toLatin1();
+            if (kind == 'a' && (made[at] = Menus::CreateAction(Menus::FileMenu, at)))
+                static_cast<QAction*>(made[at].data())->setText(text);
+            else if (kind == 'm' && (made[at] = Menus::CreateMenu(Menus::FileMenu, at)))
+                static_cast<QMenu*>(made[at].data())->setTitle(text);
+            else if (kind == 'A')
+                Menus::CreateAction(Menus::FileMenu, at, new QAction(text, &owner));
+            else if (kind == 'M')
+                Menus::CreateMenu(Menus::FileMenu, at, new QMenu(text, file));
+            else if (kind == 't') {
+                Menus::Take(Menus::FileMenu, at);
+                QCOMPARE(made.value(at).isNull(), at == 25); // taking deletes nothing
+                delete made.value(at).data();
             }
         }
-        QCOMPARE(Texts(file), shown);
+        QCOMPARE(Texts(file), row.section(" = ", 1));
     }
 
     void barShowsRolesInOrderAndKeepsTheFirstMenu()
@@ -124,8 +109,7 @@ private Q_SLOTS:
     // the manager every call is neutral.
     void destroyedObjectsAreForgotten()
     {
-        QMenu* file = Top(Menus::FileMenu);
-        QMenu* edit = Top(Menus::EditMenu);
+        QMenu *file = Top(Menus::FileMenu), *edit = Top(Menus::EditMenu);
         auto* caller = new QAction("caller");
         Menus::CreateAction(Menus::FileMenu, 10, caller);
         Menus::CreateAction(Menus::EditMenu, 10, caller);
@@ -148,8 +132,8 @@ private Q_SLOTS:
         Menus::ReleaseInstance(); // the menus outlive the manager
         QCOMPARE(file->actions().size(), 2);
 
-        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File"));
-        QVERIFY(!Menus::CreateAction(Menus::FileMenu, 10) &&
+        QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File") &&
+                !Menus::CreateAction(Menus::FileMenu, 10) &&
                 !Menus::CreateMenu(Menus::FileMenu, 10));
         Menus::Take(Menus::FileMenu, 10);
         Menus::Setup(nullptr);

@@ -11,7 +11,6 @@ namespace {
 class Tool : public KVActivateAction
 {
 public:
-    using KVActivateAction::KVActivateAction;
     bool IsAllowChange() override
     {
         ++asked;
@@ -20,11 +19,39 @@ public:
     bool busy = false;
     int asked = 0;
 };
+
+// Each row: commands | log | final state ("A10" = A checked, not implicitly).
+const char* const kSequences[] = {
+    // C alone: a change asks for the veto, a busy tool refuses every change.
+    "set-:C imp-:C ask:C set+:C set+:C imp-:C tog:C itog:C itog:C imp+:C ask:C | "
+    "C?0 C:I1 C:T1 C:I0 C:T0 C:I1 C:I0 C:I1 C?6 | E=- I=- A00 B00 C01 D00",
+    "busy:C set+:C tog:C itog:C imp+:C | | E=- I=- A00 B00 C00 D00",
+    // Reselecting ends the temporary tool; activating while only a temporary one is
+    // active ends it and checks nothing.
+    "act:A imp+:B imp-:B act:D | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 A:I0 A:T0 D:I1 D:T1 "
+    "act=1 | E=D I=D A00 B00 C00 D11",
+    "act:A imp+:B act:A | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 act=1 | E=A I=A A11 B00 C00 D00",
+    "imp+:B act:D | B:I1 B:I0 act=1 | E=- I=- A00 B00 C00 D00",
+    "act:A busy:A act:D | A:I1 A:T1 act=1 act=0 | E=A I=A A11 B00 C00 D00",
+    "act:A imp+:B busy:B act:D | A:I1 A:T1 act=1 B:I1 A:I0 act=0 | E=A I=B A10 B01 C00 D00",
+    "act:A imp+:B set+:D | A:I1 A:T1 act=1 B:I1 A:I0 D:I1 B:I0 D:T1 | E=D I=D A10 B00 C00 D11",
+    // A destroyed or removed temporary tool hands back to the selected one.
+    "act:A imp+:B del:B | A:I1 A:T1 act=1 B:I1 A:I0 A:I1 | E=A I=A A11 C00 D00",
+    "act:A imp+:B del:A imp-:B act:D | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 D:I1 D:T1 act=1 | "
+    "E=D I=D B00 C00 D11",
+    "act:A imp+:B rem:B imp-:B imp+:B | A:I1 A:T1 act=1 B:I1 A:I0 A:I1 B:I0 B:I1 | "
+    "E=A I=A A11 B01 C00 D00",
+    // A checked member joins only if it vetoes unchecking; "rel" ends the group.
+    "set+:C add:C set-:C set+:C | C:I1 C:T1 C:I0 C:T0 C:I1 C:T1 | E=- I=- A00 B00 C11 D00",
+    "set+:C busy:C add:C free:C set-:C set+:C | C:I1 C:T1 C:I0 C:T0 C:I1 C:T1 | "
+    "E=C I=C A00 B00 C11 D00",
+    "rel add:C act:C rem:A set+:A | act=0 A:I1 A:T1 | E=- I=- A11 B00 C00 D00",
+};
 } // namespace
 
-// Tools A, B and D are members, C is not. Every signal of every tool is
-// recorded in order ("B:I1" = B emitted ImplicitToggled(true), "A:T0" =
-// A emitted Toggled(false)), together with the results of Activate().
+// Tools A, B and D are members, C is not. The log holds every signal in order
+// ("B:I1" = B emitted ImplicitToggled(true), "A:T0" = A emitted Toggled(false)),
+// the results of Activate() and the veto questions asked so far ("C?3").
 class ToolGroupTest : public QObject
 {
     Q_OBJECT
@@ -32,42 +59,14 @@ class ToolGroupTest : public QObject
     QMap<QString, Tool*> m_tools;
     QStringList m_log;
 
-    void Run(const QString& commands)
-    {
-        for (const QString& command : commands.split(' ', Qt::SkipEmptyParts)) {
-            const QString verb = command.section(':', 0, 0);
-            Tool* tool = m_tools.value(command.section(':', 1));
-            if (verb == "act")
-                m_log << QString("act=%1").arg(Group::Activate(tool));
-            else if (verb == "set+" || verb == "set-")
-                tool->SetChecked(verb == "set+");
-            else if (verb == "imp+" || verb == "imp-")
-                tool->SetImplicitChecked(verb == "imp+");
-            else if (verb == "tog")
-                tool->Toggle();
-            else if (verb == "itog")
-                tool->ImplicitToggle();
-            else if (verb == "busy" || verb == "free")
-                tool->busy = verb == "busy";
-            else if (verb == "add")
-                Group::Add(tool);
-            else if (verb == "rem")
-                Group::Remove(tool);
-            else if (verb == "del")
-                delete m_tools.take(command.section(':', 1));
-        }
-    }
-
     QString State() const
     {
-        QString state = QString("E=%1 I=%2")
-                            .arg(m_tools.key(static_cast<Tool*>(Group::GetExplicitAction()), "-"),
-                                 m_tools.key(static_cast<Tool*>(Group::GetImplicitAction()), "-"));
+        auto name = [this](QObject* tool) { return m_tools.key(static_cast<Tool*>(tool), "-"); };
+        QString state = "E=" + name(Group::GetExplicitAction());
+        state += " I=" + name(Group::GetImplicitAction());
         for (auto it = m_tools.cbegin(); it != m_tools.cend(); ++it)
-            state += QString(" %1%2%3")
-                         .arg(it.key())
-                         .arg(it.value()->IsChecked())
-                         .arg(it.value()->IsImplicitlyChecked());
+            state += " " + it.key() + QString::number(it.value()->IsChecked()) +
+                     QString::number(it.value()->IsImplicitlyChecked());
         return state;
     }
 
@@ -96,64 +95,38 @@ private Q_SLOTS:
 
     void sequences_data()
     {
-        QTest::addColumn<QString>("commands");
-        QTest::addColumn<QString>("emitted");
-        QTest::addColumn<QString>("state");
-        const char* const rows[][4] = {
-            // One action on its own.
-            {"check, uncheck", "set+:C set+:C imp-:C tog:C", "C:I1 C:T1 C:I0 C:T0",
-             "E=- I=- A00 B00 C00 D00"},
-            {"veto", "busy:C set+:C tog:C itog:C imp+:C", "", "E=- I=- A00 B00 C00 D00"},
-            {"implicit alone", "itog:C itog:C imp+:C", "C:I1 C:I0 C:I1", "E=- I=- A00 B00 C01 D00"},
-            // The group.
-            {"select, temporary, end, switch", "act:A imp+:B imp-:B act:D",
-             "A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 A:I0 A:T0 D:I1 D:T1 act=1",
-             "E=D I=D A00 B00 C00 D11"},
-            {"reselect ends temporary", "act:A imp+:B act:A",
-             "A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 act=1", "E=A I=A A11 B00 C00 D00"},
-            {"only a temporary", "imp+:B act:D", "B:I1 B:I0 act=1", "E=- I=- A00 B00 C00 D00"},
-            {"selected vetoes", "act:A busy:A act:D", "A:I1 A:T1 act=1 act=0",
-             "E=A I=A A11 B00 C00 D00"},
-            {"temporary vetoes", "act:A imp+:B busy:B act:D", "A:I1 A:T1 act=1 B:I1 A:I0 act=0",
-             "E=A I=B A10 B01 C00 D00"},
-            {"temporary destroyed", "act:A imp+:B del:B", "A:I1 A:T1 act=1 B:I1 A:I0 A:I1",
-             "E=A I=A A11 C00 D00"},
-            {"selected destroyed during temporary", "act:A imp+:B del:A imp-:B act:D",
-             "A:I1 A:T1 act=1 B:I1 A:I0 B:I0 D:I1 D:T1 act=1", "E=D I=D B00 C00 D11"},
-            {"removed temporary", "act:A imp+:B rem:B imp-:B imp+:B",
-             "A:I1 A:T1 act=1 B:I1 A:I0 A:I1 B:I0 B:I1", "E=A I=A A11 B01 C00 D00"},
-            {"checked and changeable is refused", "set+:C add:C set-:C set+:C",
-             "C:I1 C:T1 C:I0 C:T0 C:I1 C:T1", "E=- I=- A00 B00 C11 D00"},
-            {"checked and vetoing joins", "set+:C busy:C add:C free:C set-:C set+:C",
-             "C:I1 C:T1 C:I0 C:T0 C:I1 C:T1", "E=C I=C A00 B00 C11 D00"},
-            {"direct selection during temporary keeps the old one checked", "act:A imp+:B set+:D",
-             "A:I1 A:T1 act=1 B:I1 A:I0 D:I1 B:I0 D:T1", "E=D I=D A10 B00 C00 D11"}};
-        for (const auto& row : rows)
-            QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]) << QString(row[3]);
+        QTest::addColumn<QString>("row");
+        for (const char* row : kSequences)
+            QTest::newRow(QString(row).section(" | ", 0, 0).toUtf8()) << QString(row);
     }
     void sequences()
     {
-        QFETCH(QString, commands);
-        QFETCH(QString, emitted);
-        QFETCH(QString, state);
-        Run(commands);
-        QCOMPARE(m_log.join(' '), emitted);
-        QCOMPARE(State(), state);
-    }
-
-    // The veto is asked only when something would change; without an
-    // instance the group does nothing and the actions go on alone.
-    void vetoAndWithoutInstance()
-    {
-        Run("set-:C imp-:C");
-        QCOMPARE(m_tools["C"]->asked, 0);
-        Run("set+:C tog:C itog:C");
-        QCOMPARE(m_tools["C"]->asked, 3);
-        m_log.clear();
-        Group::ReleaseInstance();
-        Run("add:C act:C rem:A set+:A");
-        QCOMPARE(m_log.join(' '), QString("act=0 A:I1 A:T1"));
-        QVERIFY(!Group::GetExplicitAction() && !Group::GetImplicitAction());
+        QFETCH(QString, row);
+        const QStringList parts = row.split('|');
+        for (const QString& command : parts[0].split(' ', Qt::SkipEmptyParts)) {
+            const QString verb = command.section(':', 0, 0), name = command.section(':', 1);
+            Tool* tool = m_tools.value(name);
+            if (verb == "act")
+                m_log << QString("act=%1").arg(Group::Activate(tool));
+            else if (verb == "ask")
+                m_log << QString("%1?%2").arg(name).arg(tool->asked);
+            else if (verb.startsWith("set"))
+                tool->SetChecked(verb.endsWith('+'));
+            else if (verb.startsWith("imp"))
+                tool->SetImplicitChecked(verb.endsWith('+'));
+            else if (verb.endsWith("tog"))
+                verb == "tog" ? tool->Toggle() : tool->ImplicitToggle();
+            else if (verb == "busy" || verb == "free")
+                tool->busy = verb == "busy";
+            else if (verb == "add" || verb == "rem")
+                verb == "add" ? Group::Add(tool) : Group::Remove(tool);
+            else if (verb == "del")
+                delete m_tools.take(name);
+            else
+                Group::ReleaseInstance();
+        }
+        QCOMPARE(m_log.join(' '), parts[1].trimmed());
+        QCOMPARE(State(), parts[2].trimmed());
     }
 };
 
