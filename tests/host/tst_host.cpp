@@ -74,7 +74,6 @@ private:
     QTemporaryDir m_dir;
     QString m_png;
     QString m_jpeg;
-    QJsonObject m_report; // the JSON report of the bundle as built
 
     QString Home(const QString& name) const
     {
@@ -105,6 +104,7 @@ private Q_SLOTS:
         QVERIFY(image.save(m_png) && image.scaled(40, 30).save(m_jpeg));
     }
 
+    // The text report, its exit code, and in JSON what each sample plug-in contributed.
     void reportExplainsPluginsAndOpensImages()
     {
         const Run run = RunHost(PELKARO_HOST, {"--report", m_png, m_jpeg}, Home("report"));
@@ -113,47 +113,27 @@ private Q_SLOTS:
                  qPrintable(run.lines.join('\n')));
         QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
         QCOMPARE(run.Line("open " + m_jpeg), "open " + m_jpeg + ": 40x30");
+        QCOMPARE(RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"))
+                     .exitCode,
+                 1);
 
-        const Run missing =
-            RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"));
-        QCOMPARE(missing.exitCode, 1);
-    }
-
-    // What each sample plug-in contributed, and nothing else.
-    void jsonReportListsContributions_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("key"); // its one non-empty contribution
-        QTest::addColumn<QString>("firstName");
-        QTest::newRow("adjustments") << "General/libadjustments.2.dylib" << 6 << "adjustments"
-                                     << "Invert";
-        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib" << 3 << "brushes"
-                                 << "Round";
-    }
-
-    void jsonReportListsContributions()
-    {
-        QFETCH(QString, file);
-        QFETCH(int, count);
-        QFETCH(QString, key);
-        QFETCH(QString, firstName);
-
-        if (m_report.isEmpty()) {
-            const Run run = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
-            QCOMPARE(run.exitCode, 0);
-            m_report = run.Json();
-            QVERIFY2(!m_report.isEmpty(), run.output.constData());
+        const Run json = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
+        const QJsonObject report = json.Json();
+        QVERIFY2(json.exitCode == 0 && !report.isEmpty(), json.output.constData());
+        QCOMPARE(report["images"].toArray().first()["width"].toInt(), 64);
+        QVERIFY(report["skipped"].toArray().isEmpty());
+        // file, its one non-empty contribution, how many, the first one's name
+        for (const QStringList& row :
+             {QStringList{"General/libadjustments.2.dylib", "adjustments", "6", "Invert"},
+              QStringList{"Brushes/libbrushcontainer.2.dylib", "brushes", "3", "Round"}}) {
+            const QJsonObject entry = FileEntry(report, row[0]);
+            QCOMPARE(entry["status"].toString(), QString("loaded"));
+            QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
+            QCOMPARE(entry["brushFactory"].toBool(), row[1] == "brushes");
+            for (const char* key : {"imageFormats", "adjustments", "brushes", "tools"})
+                QCOMPARE(entry[key].toArray().size(), row[1] == key ? row[2].toInt() : 0);
+            QCOMPARE(entry[row[1]][0]["name"].toString(), row[3]);
         }
-        QCOMPARE(m_report["images"].toArray().first()["width"].toInt(), 64);
-        QVERIFY(m_report["skipped"].toArray().isEmpty());
-        const QJsonObject entry = FileEntry(m_report, file);
-        QCOMPARE(entry["status"].toString(), QString("loaded"));
-        QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
-        QCOMPARE(entry["brushFactory"].toBool(), key == "brushes");
-        for (const char* contribution : {"imageFormats", "adjustments", "brushes", "tools"})
-            QCOMPARE(entry[contribution].toArray().size(), contribution == key ? count : 0);
-        QCOMPARE(entry[key][0]["name"].toString(), firstName);
     }
 
     // A plug-in that misses a function: the doctor names the function readably.
