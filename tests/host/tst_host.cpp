@@ -1,7 +1,6 @@
 #include "TestSupport.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -54,13 +53,11 @@ QJsonObject FileEntry(const QJsonObject& report, const QString& pathEnd)
     return QJsonObject();
 }
 
-QStringList LoadedFiles(const QJsonObject& report)
+int LoadedCount(const QJsonObject& report)
 {
-    QStringList loaded;
-    for (const QJsonValue& file : report["files"].toArray()) {
-        if (file["status"] == "loaded")
-            loaded << QFileInfo(file["path"].toString()).fileName();
-    }
+    int loaded = 0;
+    for (const QJsonValue& file : report["files"].toArray())
+        loaded += file["status"] == "loaded";
     return loaded;
 }
 } // namespace
@@ -73,7 +70,6 @@ class HostTest : public QObject
 private:
     QTemporaryDir m_dir;
     QString m_png;
-    QString m_jpeg;
 
     QString Home(const QString& name) const
     {
@@ -100,19 +96,17 @@ private Q_SLOTS:
         QImage image(64, 48, QImage::Format_RGB32);
         image.fill(QColor(200, 40, 40));
         m_png = m_dir.filePath("red.png");
-        m_jpeg = m_dir.filePath("red.jpg");
-        QVERIFY(image.save(m_png) && image.scaled(40, 30).save(m_jpeg));
+        QVERIFY(image.save(m_png));
     }
 
     // The text report, its exit code, and in JSON what each sample plug-in contributed.
     void reportExplainsPluginsAndOpensImages()
     {
-        const Run run = RunHost(PELKARO_HOST, {"--report", m_png, m_jpeg}, Home("report"));
+        const Run run = RunHost(PELKARO_HOST, {"--report", m_png}, Home("report"));
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.Line("scan general folder ").endsWith("/PlugIns/General"),
                  qPrintable(run.lines.join('\n')));
         QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
-        QCOMPARE(run.Line("open " + m_jpeg), "open " + m_jpeg + ": 40x30");
         QCOMPARE(RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"))
                      .exitCode,
                  1);
@@ -157,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(broken["error"].toString().contains("undefined symbol: _Z13MissingHelperv"));
         QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
         QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
-        QCOMPARE(LoadedFiles(report).size(), 3);
+        QCOMPARE(LoadedCount(report), 3);
     }
 
     // A plug-in that aborts the editor while it loads: the start after it
@@ -185,7 +179,7 @@ private Q_SLOTS:
         const QJsonObject third = RunHost(host, {"--report", "--json"}, home).Json();
         QCOMPARE(third["crashedLastStart"].toString(), QString());
         QCOMPARE(third["skipped"].toArray(), QJsonArray{crashing});
-        QCOMPARE(LoadedFiles(third).size(), 4);
+        QCOMPARE(LoadedCount(third), 4);
 
         // Taken back, it loads, and crashes, again.
         QCOMPARE(RunHost(host, {"--report", "--retry-plugins"}, home).exitCode, -1);
