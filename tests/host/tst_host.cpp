@@ -135,7 +135,6 @@ private Q_SLOTS:
     {
         const QString bundle = CopyBundle("Broken", "tc_missingsymbol");
         QVERIFY(!bundle.isEmpty());
-        const QString general = bundle + "/PlugIns/General";
         QDir(bundle + "/PlugIns/Brushes").removeRecursively();
         const QString host = bundle + "/MacOS/Pelkaro";
 
