@@ -147,7 +147,6 @@ private Q_SLOTS:
         const QJsonObject report = RunHost(host, {"--report", "--json"}, Home("broken")).Json();
         const QJsonObject broken = FileEntry(report, "/libfilter.2.dylib");
         QCOMPARE(broken["status"].toString(), QString("failed"));
-        QVERIFY(broken["error"].toString().contains("undefined symbol: _Z13MissingHelperv"));
         QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
         QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
         QCOMPARE(LoadedCount(report), 3);
