@@ -1,7 +1,6 @@
 #include "TestSupport.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -54,13 +53,11 @@ QJsonObject FileEntry(const QJsonObject& report, const QString& pathEnd)
     return QJsonObject();
 }
 
-QStringList LoadedFiles(const QJsonObject& report)
+int LoadedCount(const QJsonObject& report)
 {
-    QStringList loaded;
-    for (const QJsonValue& file : report["files"].toArray()) {
-        if (file["status"] == "loaded")
-            loaded << QFileInfo(file["path"].toString()).fileName();
-    }
+    int loaded = 0;
+    for (const QJsonValue& file : report["files"].toArray())
+        loaded += file["status"] == "loaded";
     return loaded;
 }
 } // namespace
@@ -73,8 +70,6 @@ class HostTest : public QObject
 private:
     QTemporaryDir m_dir;
     QString m_png;
-    QString m_jpeg;
-    QJsonObject m_report; // the JSON report of the bundle as built
 
     QString Home(const QString& name) const
     {
@@ -101,59 +96,38 @@ private Q_SLOTS:
         QImage image(64, 48, QImage::Format_RGB32);
         image.fill(QColor(200, 40, 40));
         m_png = m_dir.filePath("red.png");
-        m_jpeg = m_dir.filePath("red.jpg");
-        QVERIFY(image.save(m_png) && image.scaled(40, 30).save(m_jpeg));
+        QVERIFY(image.save(m_png));
     }
 
+    // The text report, its exit code, and in JSON what each sample plug-in contributed.
     void reportExplainsPluginsAndOpensImages()
     {
-        const Run run = RunHost(PELKARO_HOST, {"--report", m_png, m_jpeg}, Home("report"));
+        const Run run = RunHost(PELKARO_HOST, {"--report", m_png}, Home("report"));
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.Line("scan general folder ").endsWith("/PlugIns/General"),
                  qPrintable(run.lines.join('\n')));
         QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
-        QCOMPARE(run.Line("open " + m_jpeg), "open " + m_jpeg + ": 40x30");
+        QCOMPARE(RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"))
+                     .exitCode,
+                 1);
 
-        const Run missing =
-            RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"));
-        QCOMPARE(missing.exitCode, 1);
-    }
-
-    // What each sample plug-in contributed, and nothing else.
-    void jsonReportListsContributions_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("key"); // its one non-empty contribution
-        QTest::addColumn<QString>("firstName");
-        QTest::newRow("adjustments") << "General/libadjustments.2.dylib" << 6 << "adjustments"
-                                     << "Invert";
-        QTest::newRow("brushes") << "Brushes/libbrushcontainer.2.dylib" << 3 << "brushes"
-                                 << "Round";
-    }
-
-    void jsonReportListsContributions()
-    {
-        QFETCH(QString, file);
-        QFETCH(int, count);
-        QFETCH(QString, key);
-        QFETCH(QString, firstName);
-
-        if (m_report.isEmpty()) {
-            const Run run = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
-            QCOMPARE(run.exitCode, 0);
-            m_report = run.Json();
-            QVERIFY2(!m_report.isEmpty(), run.output.constData());
+        const Run json = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
+        const QJsonObject report = json.Json();
+        QVERIFY2(json.exitCode == 0 && !report.isEmpty(), json.output.constData());
+        QCOMPARE(report["images"].toArray().first()["width"].toInt(), 64);
+        QVERIFY(report["skipped"].toArray().isEmpty());
+        // file, its one non-empty contribution, how many, the first one's name
+        for (const QStringList& row :
+             {QStringList{"General/libadjustments.2.dylib", "adjustments", "6", "Invert"},
+              QStringList{"Brushes/libbrushcontainer.2.dylib", "brushes", "3", "Round"}}) {
+            const QJsonObject entry = FileEntry(report, row[0]);
+            QCOMPARE(entry["status"].toString(), QString("loaded"));
+            QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
+            QCOMPARE(entry["brushFactory"].toBool(), row[1] == "brushes");
+            for (const char* key : {"imageFormats", "adjustments", "brushes", "tools"})
+                QCOMPARE(entry[key].toArray().size(), row[1] == key ? row[2].toInt() : 0);
+            QCOMPARE(entry[row[1]][0]["name"].toString(), row[3]);
         }
-        QCOMPARE(m_report["images"].toArray().first()["width"].toInt(), 64);
-        QVERIFY(m_report["skipped"].toArray().isEmpty());
-        const QJsonObject entry = FileEntry(m_report, file);
-        QCOMPARE(entry["status"].toString(), QString("loaded"));
-        QCOMPARE(entry["error"].toString(), QString("Plugin OK."));
-        QCOMPARE(entry["brushFactory"].toBool(), key == "brushes");
-        for (const char* contribution : {"imageFormats", "adjustments", "brushes", "tools"})
-            QCOMPARE(entry[contribution].toArray().size(), contribution == key ? count : 0);
-        QCOMPARE(entry[key][0]["name"].toString(), firstName);
     }
 
     // A plug-in that misses a function: the doctor names the function readably.
@@ -161,7 +135,6 @@ private Q_SLOTS:
     {
         const QString bundle = CopyBundle("Broken", "tc_missingsymbol");
         QVERIFY(!bundle.isEmpty());
-        const QString general = bundle + "/PlugIns/General";
         QDir(bundle + "/PlugIns/Brushes").removeRecursively();
         const QString host = bundle + "/MacOS/Pelkaro";
 
@@ -174,10 +147,9 @@ private Q_SLOTS:
         const QJsonObject report = RunHost(host, {"--report", "--json"}, Home("broken")).Json();
         const QJsonObject broken = FileEntry(report, "/libfilter.2.dylib");
         QCOMPARE(broken["status"].toString(), QString("failed"));
-        QVERIFY(broken["error"].toString().contains("undefined symbol: _Z13MissingHelperv"));
         QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
         QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
-        QCOMPARE(LoadedFiles(report).size(), 3);
+        QCOMPARE(LoadedCount(report), 3);
     }
 
     // A plug-in that aborts the editor while it loads: the start after it
@@ -205,7 +177,7 @@ private Q_SLOTS:
         const QJsonObject third = RunHost(host, {"--report", "--json"}, home).Json();
         QCOMPARE(third["crashedLastStart"].toString(), QString());
         QCOMPARE(third["skipped"].toArray(), QJsonArray{crashing});
-        QCOMPARE(LoadedFiles(third).size(), 4);
+        QCOMPARE(LoadedCount(third), 4);
 
         // Taken back, it loads, and crashes, again.
         QCOMPARE(RunHost(host, {"--report", "--retry-plugins"}, home).exitCode, -1);

@@ -51,31 +51,79 @@ class TestImagePlugin : public KVImageFilePlugin
 {
     Q_OBJECT
 public:
-    explicit TestImagePlugin(TestImagePluginConfig config);
+    explicit TestImagePlugin(TestImagePluginConfig config)
+        : m_config(std::move(config))
+    {
+        if (m_config.readerFormats.isEmpty())
+            m_config.readerFormats = m_config.formats;
+    }
 
     QString GetUID() const override { return m_config.uid; }
     QStringList GetReaderUIDs() const override { return m_config.readerUIDs; }
     QStringList GetWriterUIDs() const override { return m_config.writerUIDs; }
     QStringList GetFormats() const override { return m_config.formats; }
-    QStringList GetGroups() const override;
+    QStringList GetGroups() const override
+    {
+        QStringList groups;
+        for (const TestGroup& group : m_config.groups)
+            groups.append(group.uid);
+        return groups;
+    }
     QString GetGroupName(const QString& uid) const override { return Group(uid).name; }
     QStringList GetGroupFormats(const QString& uid) const override { return Group(uid).formats; }
     bool IsFormatEnabled(const QString& format) const override
     {
         return !m_config.disabled.contains(format);
     }
-    KVImageFileReader* CreateReader(const QString& format) override;
-    KVImageFileReader* CreateReaderByUID(const QString& uid) override;
-    KVImageFileWriter* CreateWriter(const QString& format) override;
-    KVImageFileWriter* CreateWriterByUID(const QString& uid) override;
-    void ReleaseReader(KVImageFileReader* reader) override;
-    void ReleaseWriter(KVImageFileWriter* writer) override;
+    KVImageFileReader* CreateReader(const QString& format) override
+    {
+        m_requestedFormats.append(format);
+        return m_config.formats.contains(format) ? CreateReaderByUID(m_config.readerUIDs.value(0))
+                                                 : nullptr;
+    }
+    KVImageFileReader* CreateReaderByUID(const QString& uid) override
+    {
+        if (!m_config.makesReaders || !m_config.readerUIDs.contains(uid))
+            return nullptr;
+        ++m_readersMade;
+        return new TestImageReader(uid, m_config.readerFormats);
+    }
+    KVImageFileWriter* CreateWriter(const QString& format) override
+    {
+        m_requestedFormats.append(format);
+        return m_config.formats.contains(format) ? CreateWriterByUID(m_config.writerUIDs.value(0))
+                                                 : nullptr;
+    }
+    KVImageFileWriter* CreateWriterByUID(const QString& uid) override
+    {
+        if (!m_config.writerUIDs.contains(uid))
+            return nullptr;
+        ++m_writersMade;
+        return new TestImageWriter(uid, m_config.formats);
+    }
+    void ReleaseReader(KVImageFileReader* reader) override
+    {
+        ++m_readersReleased;
+        delete reader;
+    }
+    void ReleaseWriter(KVImageFileWriter* writer) override
+    {
+        ++m_writersReleased;
+        delete writer;
+    }
 
     int m_readersMade = 0, m_readersReleased = 0, m_writersMade = 0, m_writersReleased = 0;
     QStringList m_requestedFormats; // suffixes passed to CreateReader/CreateWriter
 
 private:
-    TestGroup Group(const QString& uid) const;
+    TestGroup Group(const QString& uid) const
+    {
+        for (const TestGroup& group : m_config.groups) {
+            if (group.uid == uid)
+                return group;
+        }
+        return TestGroup();
+    }
 
     TestImagePluginConfig m_config;
 };

@@ -110,14 +110,13 @@ private Q_SLOTS:
                 log.contains(LogCapture::Expected("src/KVApplication", logged)));
     }
 
-    // Why the scan leaves each file out, as a report shows it.
-    void explanations()
+    // Why the scan leaves each file out, as a report shows it, and the expected paths.
+    void explanationsAndExpectedFileNames()
     {
         BundleFixture bundle;
         bundle.WriteFile("Resources/plugins.ini", PluginsIni("../PlugIns/Brushes", "../Missing"));
         bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libabrush.dylib");
-        const QStringList missingGeneral = bundle.RunScenario("loadPlugins", {"8"}).Values("scan");
-        QCOMPARE(missingGeneral,
+        QCOMPARE(bundle.RunScenario("loadPlugins", {"8"}).Values("scan"),
                  QStringList({"brush: taken", "libabrush.dylib: the general folder is missing",
                               "general: missing"}));
 
@@ -134,24 +133,16 @@ private Q_SLOTS:
                          "libimageio.2.dylib: taken",
                          "libimageio.txt: the suffix \"txt\" is not \"dylib\"",
                          "libzother.dylib: no plug-in family is named \"libzother\""}));
-    }
 
-    void expectedFileNames()
-    {
-        BundleFixture bundle;
-        bundle.WriteFile("Resources/plugins.ini", PluginsIni("../Brushes", "../General"));
-        bundle.CopyFile(PluginFile("tc_image_a"), "General/libimageio.2.dylib");
-        bundle.CopyFile(PluginFile("tc_image_a"), "General/libadjustments.dylib"); // not versioned
-        bundle.CopyFile(PluginFile("tc_brush"), "Brushes/libbrushcontainer.2.dylib");
+        bundle.CopyFile(PluginFile("tc_brush"), "PlugIns/Brushes/libbrushcontainer.2.dylib");
         bundle.CopyFile(PluginFile("tc_brush"), "General/libgeneraltools.2.dylib");
-
         const auto run = bundle.RunScenario("pluginFileName", {"1", "3", "4", "8", "16"});
         const QString contents = QFileInfo(bundle.ContentsPath()).canonicalFilePath();
-        QCOMPARE(run.Values("path1"), QStringList({""}));
+        QCOMPARE(run.Values("path1"), QStringList({""})); // libadjustments.dylib is not versioned
         QCOMPARE(run.Value("type3"), QString("0"));
         QCOMPARE(run.Values("path4"), QStringList({contents + "/General/libimageio.2.dylib"}));
         QCOMPARE(run.Values("path8"),
-                 QStringList({contents + "/Brushes/libbrushcontainer.2.dylib"}));
+                 QStringList({contents + "/PlugIns/Brushes/libbrushcontainer.2.dylib"}));
         QCOMPARE(run.Values("path16"),
                  QStringList({"", contents + "/General/libgeneraltools.2.dylib"}));
     }

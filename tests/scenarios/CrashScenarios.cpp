@@ -7,19 +7,15 @@
 #include <functional>
 
 namespace {
-QString Joined(const QList<QSize>& sizes)
+template <typename T> QString Joined(const QList<T>& sizes)
 {
     QStringList texts;
-    for (const QSize& size : sizes)
-        texts << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-    return texts.join(QLatin1Char(','));
-}
-
-QString Joined(const QList<long long>& sizes)
-{
-    QStringList texts;
-    for (long long size : sizes)
-        texts << QString::number(size);
+    for (const T& size : sizes) {
+        if constexpr (std::is_same_v<T, QSize>)
+            texts << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+        else
+            texts << QString::number(size);
+    }
     return texts.join(QLatin1Char(','));
 }
 
@@ -45,22 +41,20 @@ void ChangeResolutions(int step)
     QList<QSize> list = MZExportResolutions::GetList();
     const QSize size(100 + step % 9000, 100 + step % 7);
     const int index = list.isEmpty() ? 0 : step % list.size();
+    std::function<void()> change = [&] { MZExportResolutions::Remove(index); };
     if (list.size() < 6) {
         int at = 0;
         while (at < list.size() && list.at(at).width() <= size.width())
             ++at;
         list.insert(at, size);
-        Change(
-            1, [&] { MZExportResolutions::Add(size); }, Joined(list));
+        change = [&] { MZExportResolutions::Add(size); };
     } else if (step % 2) {
         list[index] = size;
-        Change(
-            1, [&] { MZExportResolutions::Set(index, size); }, Joined(list));
+        change = [&] { MZExportResolutions::Set(index, size); };
     } else {
         list.removeAt(index);
-        Change(
-            1, [&] { MZExportResolutions::Remove(index); }, Joined(list));
     }
+    Change(1, change, Joined(list));
 }
 
 void ChangeSizes(int step)
@@ -68,15 +62,14 @@ void ChangeSizes(int step)
     QList<long long> list = MZExportSizes::GetList();
     const long long size = 1000LL * step + 5000000000LL;
     const int index = list.isEmpty() ? 0 : step % list.size();
+    std::function<void()> change = [&] { MZExportSizes::Remove(index); };
     if (list.size() < 6) {
         list.append(size);
-        Change(
-            2, [&] { MZExportSizes::Add(size); }, Joined(list));
+        change = [&] { MZExportSizes::Add(size); };
     } else {
         list.removeAt(index);
-        Change(
-            2, [&] { MZExportSizes::Remove(index); }, Joined(list));
     }
+    Change(2, change, Joined(list));
 }
 } // namespace
 
@@ -92,15 +85,14 @@ KV_SCENARIO(keepWriting)
     const int run = arguments.value(0).toInt();
     for (int i = 0; i < 100000; ++i) {
         const int step = run * 100000 + i;
-        if (i % 3 == 1) {
+        const QString path = QStringLiteral("/Users/me/Pictures/%1").arg(step);
+        if (i % 3 == 1)
             ChangeResolutions(step);
-        } else if (i % 3 == 2) {
+        else if (i % 3 == 2)
             ChangeSizes(step);
-        } else {
-            const QString path = QStringLiteral("/Users/me/Pictures/%1").arg(step);
+        else
             Change(
                 0, [&] { KVApplication::SetPathOpen(path); }, path);
-        }
     }
     return 0;
 }

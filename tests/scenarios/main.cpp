@@ -13,18 +13,12 @@ QMap<QString, ScenarioFunction>& Scenarios()
     return scenarios;
 }
 
-void WriteLine(const QString& line)
-{
-    std::fputs(qUtf8Printable(line + QLatin1Char('\n')), stdout);
-    std::fflush(stdout);
-}
-
+// Debug lines go to standard output as log=<text>, the rest to standard error.
 void ReportLog(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
-    if (type == QtDebugMsg)
-        WriteLine(QStringLiteral("log=") + text);
-    else
-        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    std::fprintf(type == QtDebugMsg ? stdout : stderr, "%s%s\n", type == QtDebugMsg ? "log=" : "",
+                 qUtf8Printable(text));
+    std::fflush(stdout);
 }
 } // namespace
 
@@ -35,7 +29,8 @@ ScenarioRegistration::ScenarioRegistration(const char* name, ScenarioFunction fu
 
 void Report(const QString& key, const QString& value)
 {
-    WriteLine(key + QLatin1Char('=') + value);
+    std::printf("%s\n", qUtf8Printable(key + QLatin1Char('=') + value));
+    std::fflush(stdout);
 }
 
 void Report(const QString& key, const QStringList& values)

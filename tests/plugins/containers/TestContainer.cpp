@@ -46,18 +46,8 @@ class TestBrushFactory : public TestBrushPlugin, public IBrushFactory
     Q_OBJECT
 public:
     QStringList GetBrushIDs() const override { return {"round"}; }
-    QString GetBrushName(const QString& id) const override
-    {
-        return id == "round" ? "Round" : QString();
-    }
-    QImage CreateBrushTip(const QString& id, int diameter, qreal hardness) const override
-    {
-        if (id != "round" || diameter < 1)
-            return QImage();
-        QImage tip(diameter, diameter, QImage::Format_Alpha8);
-        tip.fill(int(255 * hardness));
-        return tip;
-    }
+    QString GetBrushName(const QString&) const override { return "Round"; }
+    QImage CreateBrushTip(const QString&, int, qreal) const override { return QImage(); }
 };
 
 class TestAdjustment : public KVAdjustment
