@@ -116,6 +116,33 @@ private Q_SLOTS:
             QCOMPARE(read.GetColor(), length >= colourEnd ? QColor(Qt::red) : QColor());
         }
     }
+
+    void colourModel_data()
+    {
+        QTest::addColumn<int>("model");
+        QTest::addColumn<bool>("read");
+        QTest::newRow("extended RGB") << int(QColor::ExtendedRgb) << true;
+        QTest::newRow("one past the last") << int(QColor::ExtendedRgb) + 1 << false;
+        QTest::newRow("negative") << -1 << false;
+    }
+
+    // A colour of a model Qt does not know marks the stream corrupt and reads
+    // invalid; the position read before it stays.
+    void colourModel()
+    {
+        QFETCH(int, model);
+        QFETCH(bool, read);
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
+            << quint16(0) << false << false << false;
+        QDataStream in(bytes);
+        KVGradientStop stop;
+        in >> stop;
+        QCOMPARE(in.status() == QDataStream::Ok, read);
+        QCOMPARE(stop.GetPosition(), 0.5);
+        QCOMPARE(stop.GetColor().isValid(), read);
+    }
 };
 
 KV_TEST_APP_MAIN(GradientStopTest)
