@@ -88,8 +88,10 @@ class RecentManagerTest : public QObject
     }
     QStringList Files(int count) const
     {
-        return Files("p0 p1 p2 p3 p4 p5 p6 p7 p8 p9 p10 p11 p12 p13 p14 p15 p16 p17 p18 p19")
-            .mid(0, count);
+        QStringList paths;
+        for (int i = 0; i < count; ++i)
+            paths << m_files.filePath(QString("p%1").arg(i));
+        return paths;
     }
 
     static Manager* Start()
@@ -160,41 +162,35 @@ private Q_SLOTS:
         QCOMPARE(session.m->IsFavorite("a"), favorites.contains("a"));
     }
 
-    // What the user file may hold (an invalid variant leaves the key out); the
+    // What the user file may hold (an invalid limit leaves the key out); the
     // list restores as the first files p0, p1...
     void restore_data()
     {
         QTest::addColumn<QString>("list");
         QTest::addColumn<QVariant>("limit");
-        QTest::addColumn<QVariant>("files");
+        QTest::addColumn<QByteArray>("files");
         QTest::addColumn<int>("expectedLimit");
         QTest::addColumn<int>("expected");
-        const QByteArray twenty = Stream(20, Files(20));
-        const QByteArray three = Stream(3, Files(3));
-        QTest::newRow("recents: limit 40")
-            << "Recent" << QVariant(40) << QVariant(twenty) << 15 << 15;
-        QTest::newRow("favourites: limit 40")
-            << "Favorite" << QVariant(40) << QVariant(twenty) << 10 << 10;
-        QTest::newRow("negative limit") << "Recent" << QVariant(-3) << QVariant(three) << 0 << 0;
-        QTest::newRow("limit beyond int")
-            << "Recent" << QVariant("3000000000") << QVariant(three) << 0 << 0;
+        const QByteArray twenty = Stream(20, Files(20)), three = Stream(3, Files(3));
+        QTest::newRow("recents: 40") << "Recent" << QVariant(40) << twenty << 15 << 15;
+        QTest::newRow("favourites: 40") << "Favorite" << QVariant(40) << twenty << 10 << 10;
+        QTest::newRow("negative") << "Recent" << QVariant(-3) << three << 0 << 0;
+        QTest::newRow("beyond int") << "Recent" << QVariant("3000000000") << three << 0 << 0;
         QTest::newRow("missing files use up the count")
-            << "Recent" << QVariant() << QVariant(Stream(3, Files("p0 missing p1 p2"))) << 10 << 2;
-        QTest::newRow("truncated stream")
-            << "Recent" << QVariant() << QVariant(three.chopped(3)) << 10 << 2;
+            << "Recent" << QVariant() << Stream(3, Files("p0 missing p1 p2")) << 10 << 2;
+        QTest::newRow("truncated stream") << "Recent" << QVariant() << three.chopped(3) << 10 << 2;
     }
 
     void restore()
     {
         QFETCH(QString, list);
         QFETCH(QVariant, limit);
-        QFETCH(QVariant, files);
+        QFETCH(QByteArray, files);
         QFETCH(int, expectedLimit);
         QFETCH(int, expected);
         if (limit.isValid())
             KVApplication::SetUserValue(list + "Limit", limit);
-        if (files.isValid())
-            KVApplication::SetUserValue(list + "Files", files);
+        KVApplication::SetUserValue(list + "Files", files);
         Manager* manager = Start();
         const bool favorites = list == "Favorite";
         QCOMPARE(favorites ? manager->GetFavoritesNumber() : manager->GetRecentsNumber(),
