@@ -82,21 +82,16 @@ private Q_SLOTS:
         QCOMPARE(after.value("Save/PathOpen").toString(), QString("/x"));
     }
 
-    void missingFileReadCreatesNothing()
-    {
-        KVApplication app(m_argc, m_argv);
-        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
-        QVERIFY(!QFile::exists(m_user));
-        QVERIFY(!QFile::exists(m_user + ".damaged"));
-    }
-
-    // Each repair keeps the file as it was then, beside the earlier copies.
-    void laterRepairsKeepEveryCopy()
+    // A read of a missing file creates nothing; each repair keeps the file as
+    // it was then, beside the earlier copies.
+    void missingFileThenRepairs()
     {
         const QByteArray damaged =
             SettingsRowFile(SettingsRows().at(0))
                 .replace("Key=", "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\nOld=");
         KVApplication app(m_argc, m_argv);
+        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
+        QVERIFY(!QFile::exists(m_user) && !QFile::exists(m_user + ".damaged"));
         QByteArray expected;
         for (const char* copy : {"1", "2", "3"}) {
             expected += damaged + "Copy" + copy + "=1\n";

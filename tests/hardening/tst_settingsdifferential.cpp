@@ -19,14 +19,12 @@ QByteArray PlainText(const QString& file, const QString& key)
     QProcess child;
     child.start(QStringLiteral(KV_PLAIN_SETTINGS),
                 {file, QString::fromLatin1(key.toUtf8().toHex())});
-    if (!child.waitForFinished(kChildTimeout)) {
-        child.kill();
-        child.waitForFinished();
-        return QByteArray();
-    }
-    if (child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
-        return QByteArray();
-    return child.readAllStandardOutput();
+    const bool finished = child.waitForFinished(kChildTimeout);
+    if (!finished)
+        child.kill(), child.waitForFinished();
+    return finished && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0
+               ? child.readAllStandardOutput()
+               : QByteArray();
 }
 } // namespace
 

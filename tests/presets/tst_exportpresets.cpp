@@ -65,8 +65,7 @@ QString ListText()
 
 } // namespace
 
-// Every test starts from two empty lists in files of an older release, and
-// constructs the application object when its files are in place.
+// Every test starts from two empty lists in files of an older release.
 class ExportPresetsTest : public QObject
 {
     Q_OBJECT

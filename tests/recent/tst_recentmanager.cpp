@@ -88,10 +88,8 @@ class RecentManagerTest : public QObject
     }
     QStringList Files(int count) const
     {
-        QStringList paths;
-        for (int i = 0; i < count; ++i)
-            paths << m_files.filePath(QString("p%1").arg(i));
-        return paths;
+        return Files("p0 p1 p2 p3 p4 p5 p6 p7 p8 p9 p10 p11 p12 p13 p14 p15 p16 p17 p18 p19")
+            .mid(0, count);
     }
 
     static Manager* Start()
