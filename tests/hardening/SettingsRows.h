@@ -4,9 +4,8 @@
 #include <QMetaType>
 #include <QVector>
 
-// Values of a settings file that Qt decodes harmlessly, however odd, and
-// values that make Qt crash, abort, loop or allocate far beyond what the
-// file holds (or crash when it writes the file back).
+// Settings values that Qt decodes harmlessly, however odd, and values that
+// make Qt crash, abort, hang or over-allocate (now or writing them back).
 struct SettingsRow
 {
     const char* name = "";
@@ -18,6 +17,5 @@ Q_DECLARE_METATYPE(SettingsRow)
 
 QVector<SettingsRow> SettingsRows();
 
-// A file holding the row's value as "Plugin/Key" among others; with
-// repaired, a damaged value as the repair leaves it.
+// A file holding the row's value as "Plugin/Key" among others (repaired: as the repair leaves it).
 QByteArray SettingsRowFile(const SettingsRow& row, bool repaired = false);

@@ -120,8 +120,6 @@ private Q_SLOTS:
         palette.setBrush(QPalette::Window, QBrush(QConicalGradient(1, 2, 30)));
         const QVariant value = QVariantMap{{"a", QStringList{"x", "y"}},
                                            {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
-                                           {"c", QVariantHash{{"n", QTime(1, 2)}}},
-                                           {"d", QVariantList{1, QPointF(1, 2)}},
                                            {"i", image},
                                            {"j", QFont("Sans", 9)},
                                            {"k", QPolygonF(QVector<QPointF>{{1.5, 2}})},
