@@ -123,7 +123,6 @@ private Q_SLOTS:
 
         QVERIFY(QDir(UserFolder()).removeRecursively());
         App::SetUserDataFolder(UserFolder());
-        QCOMPARE(App::GetUserDataFolder(), UserFolder());
         QVERIFY(!QDir(UserFolder()).exists());
         const QString second = m_dir->path() + "/second/nested";
         App::SetUserDataFolder(second);

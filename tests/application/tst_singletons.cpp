@@ -16,9 +16,8 @@
 
 #include <memory>
 
-// The colour-profile manager is not here: it keeps its pointer when it is
-// released, once, at shutdown. Without a KVApplication object (none, or a plain
-// QGuiApplication) the static accessors give their defaults and write nothing.
+// Not the colour-profile manager: it is released once, at shutdown. Without a
+// KVApplication (none, or a plain QGuiApplication) the statics give defaults, write nothing.
 class SingletonTest : public QObject
 {
     Q_OBJECT

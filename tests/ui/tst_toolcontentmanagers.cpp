@@ -79,10 +79,7 @@ private Q_SLOTS:
                  "G b",
                  "+a act:- act:a act:x act:- | +a=1 C(uid-a|Title a) C(|Title a) | G",
                  "+a +b act:a rem:a rem:a rem:x act:a | +a=1 +b=1 C(uid-a|Title a) C(|) | G",
-                 "+a +b act:a rem:b +b act:b | +a=1 +b=1 C(uid-a|Title a) +b=1 C(uid-b|Title b) | "
-                 "G b",
                  "+a +b act:a del:a act:- | +a=1 +b=1 C(uid-a|Title a) C(|) | G a~",
-                 "+a +b act:b del:a | +a=1 +b=1 C(uid-b|Title b) | G a~ b",
                  "win +a +b act:a delwin +c | +a=1 +b=1 C(uid-a|Title a) C(|none) +c=0 | a~ b~",
                  // Only what is still inside goes with the manager, silently.
                  "+a +b +c act:a rem:b rem:c free:c rel +c act:c rem:c | "
