@@ -4,8 +4,6 @@
 
 #include <KVApplication.h>
 
-#include <QAction>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 static QStringList Stamped(QStringList lines)
@@ -15,7 +13,7 @@ static QStringList Stamped(QStringList lines)
     return lines;
 }
 
-// Construction, languages and themes in real bundles; patterns and the shared slots.
+// Construction, languages and themes in real bundles; patterns.
 class ResourcesTest : public QObject
 {
     Q_OBJECT
@@ -40,12 +38,10 @@ private Q_SLOTS:
         const bool withResources = !parts[0].isEmpty();
         const QStringList languages = parts[2];
         BundleFixture bundle(withResources);
-        QVERIFY(bundle.IsValid());
         for (const QString& folder : parts[0])
             bundle.MakeFolder("Resources/" + folder);
         for (const QString& file : parts[1])
             bundle.WriteFile("Resources/" + file, "not a folder");
-        bundle.SetEnvironment("QT_SCALE_FACTOR", "2");
         const auto run = bundle.RunScenario("construction");
         QCOMPARE(run.exitCode, 0);
 
@@ -66,15 +62,11 @@ private Q_SLOTS:
         }
         QCOMPARE(Stamped(run.log), expectedLog);
 
-        QCOMPARE(run.Value("dataFolder"),
-                 QString("/Library/Application Support/Pelkaro AB/Pelkaro"));
         QCOMPARE(run.Value("userDataFolder"),
                  bundle.HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro");
         QCOMPARE(run.Value("userDataFolderExists"), QString("1"));
         QCOMPARE(run.Value("userFileExists"), QString("0"));
         QVERIFY(!QDir("/Library/Application Support/Pelkaro AB").exists());
-        QCOMPARE(run.Value("highDpiPixmaps") + run.Value("noIconsInMenus"), QString("11"));
-        QCOMPARE(run.Value("pixelRatio"), QString("2"));
     }
 
     // codes: loaded in order; expected: key=value lines that must be reported;
@@ -132,8 +124,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("output");
         const QString dark = "sheet=QWidget { color: #eeeeee; background: #202020; }\\n";
-        // Dark by default, the first search path keeps winning; another root is read
-        // up to its zero byte.
+        // Dark by default, the first search path wins; another root is read to its zero byte.
         QTest::newRow("load set:2 load")
             << "load set:2 load"
             << QString("load=1|%1|theme=1|stored=1|load=1|%1|theme=2|stored=2").arg(dark);
@@ -154,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(Stamped(run.log).contains(error), output.startsWith("load=0"));
     }
 
-    void patternsAndSharedSlots()
+    void patterns()
     {
         QTemporaryDir folder;
         for (const char* name : {"a.png", "b.JPG", "c.gif", "d.bmp"})
@@ -173,16 +164,6 @@ private Q_SLOTS:
         QCOMPARE(found, QStringList({"a.png", "b.JPG", "d.bmp", "sub.png"}));
         QVERIFY(QFileInfo(KVApplication::GetPatternFile(0)).isAbsolute());
         QCOMPARE(KVApplication::GetPatternFile(4), QString());
-
-        qRegisterMetaType<QAction*>();
-        QSignalSpy registered(&app, &KVApplication::RefineSelectionRegistered);
-        QAction refine("Refine");
-        app.RegisterRefineSelectionAction(&refine);
-        app.RegisterRefineSelectionAction(&refine);
-        app.RegisterRefineSelectionAction(nullptr);
-        QCOMPARE(registered.count(), 2);
-        QCOMPARE(registered.at(0).at(0).value<QAction*>(), &refine);
-        QVERIFY(!app.GetRefineSelection());
     }
 };
 

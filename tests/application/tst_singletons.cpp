@@ -16,9 +16,8 @@
 
 #include <memory>
 
-// The colour-profile manager is not here: it keeps its pointer when it is
-// released, once, at shutdown. Without a KVApplication object (none, or a plain
-// QGuiApplication) the static accessors give their defaults and write nothing.
+// Not the colour-profile manager: it is released once, at shutdown. Without a
+// KVApplication (none, or a plain QGuiApplication) the statics give defaults, write nothing.
 class SingletonTest : public QObject
 {
     Q_OBJECT
@@ -31,29 +30,25 @@ class SingletonTest : public QObject
     // Notes what a slot on destroyed() finds when it asks for the manager.
     template <typename M> void Watch()
     {
-        QObject* instance = M::GetInstance();
-        QVERIFY2(instance, M::staticMetaObject.className());
-        connect(instance, &QObject::destroyed, this, [this] {
+        connect(M::GetInstance(), &QObject::destroyed, this, [this] {
             m_heard << QString("%1:%2").arg(M::staticMetaObject.className(),
                                             M::GetInstance() ? "found" : "none");
         });
     }
 
     // A second init keeps the first instance; release leaves none.
-    template <typename... M> void InitTwiceAndRelease()
+    template <typename M> void Cycle()
     {
-        auto cycle = [this](auto* tag) {
-            using T = std::remove_pointer_t<decltype(tag)>;
-            T::InitInstance();
-            QObject* first = T::GetInstance();
-            T::InitInstance();
-            QVERIFY2(T::GetInstance() == first, T::staticMetaObject.className());
-            Watch<T>();
-            T::ReleaseInstance();
-            QVERIFY2(!T::GetInstance(), T::staticMetaObject.className());
-        };
-        (cycle(static_cast<M*>(nullptr)), ...);
+        M::InitInstance();
+        QObject* first = M::GetInstance();
+        M::InitInstance();
+        QVERIFY2(M::GetInstance() == first, M::staticMetaObject.className());
+        Watch<M>();
+        M::ReleaseInstance();
+        QVERIFY2(!M::GetInstance(), M::staticMetaObject.className());
     }
+
+    template <typename... M> void Cycles() { (Cycle<M>(), ...); }
 
     void CheckNeutral()
     {
@@ -90,15 +85,13 @@ private Q_SLOTS:
         QVERIFY(!KVApplication::GetInstance() && KVApplication::GetUserDataFolder().isNull());
     }
 
-    // A slot on destroyed() that asks for a manager finds none rather than the
-    // object being destroyed. The export preset lists have neither init nor
-    // release: the application object starts and ends them.
+    // The export preset lists have neither init nor release: the application
+    // object starts and ends them.
     void releaseClearsTheInstanceFirst()
     {
         m_app.reset(new KVApplication(m_argc, m_argv));
-        InitTwiceAndRelease<KVImageFileManager, KVAdjustmentManager, KVBrushToolManager,
-                            KVRecentManager, KVMenuManager, KVToolGroupManager, KVToolBarManager,
-                            KVToolWidgetManager>();
+        Cycles<KVImageFileManager, KVAdjustmentManager, KVBrushToolManager, KVRecentManager,
+               KVMenuManager, KVToolGroupManager, KVToolBarManager, KVToolWidgetManager>();
         Watch<MZExportResolutions>();
         Watch<MZExportSizes>();
         m_app.reset();

@@ -26,8 +26,8 @@ const char* const kSequences[] = {
     "set-:C imp-:C ask:C set+:C set+:C imp-:C tog:C itog:C itog:C imp+:C ask:C | "
     "C?0 C:I1 C:T1 C:I0 C:T0 C:I1 C:I0 C:I1 C?6 | E=- I=- A00 B00 C01 D00",
     "busy:C set+:C tog:C itog:C imp+:C | | E=- I=- A00 B00 C00 D00",
-    // Reselecting ends the temporary tool; activating while only a temporary one is
-    // active ends it and checks nothing.
+    // Reselecting ends the temporary tool; with only a temporary one it ends and nothing is
+    // checked.
     "act:A imp+:B imp-:B act:D | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 A:I0 A:T0 D:I1 D:T1 "
     "act=1 | E=D I=D A00 B00 C00 D11",
     "act:A imp+:B act:A | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 act=1 | E=A I=A A11 B00 C00 D00",
