@@ -2,15 +2,17 @@
 
 #include <KVApplication.h>
 #include <KVToolBarManager.h>
+#include <KVToolWidgetManager.h>
 
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QPointer>
 #include <QVBoxLayout>
 
 using Bar = KVToolBarManager;
 
-// The tool bar manager (the tool widget manager shares its code). The log holds
-// Add() results ("+a=1") and each ContentChanged() with the current UID and title.
+// The tool bar manager (the tool widget manager shares its code but leaves the focus to Qt). The
+// log holds Add() results ("+a=1") and each ContentChanged() with the current UID and title.
 class ToolContentTest : public QObject
 {
     Q_OBJECT
@@ -28,6 +30,26 @@ class ToolContentTest : public QObject
         return m_widgets[name];
     }
 
+    // A focused field inside a content that is switched away.
+    template <typename M> void CheckFocus(bool clears)
+    {
+        M::InitInstance();
+        QWidget window;
+        auto* elsewhere = new QLineEdit(&window);
+        (new QVBoxLayout(&window))->addWidget(M::GeneralContent());
+        auto* field = new QLineEdit(Widget("a"));
+        QVERIFY(M::Add(Widget("a"), "uid-a") && M::Add(Widget("b"), "uid-b"));
+        M::Activate(Widget("a"));
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        field->setFocus();
+        QVERIFY(field->hasFocus());
+        M::Activate(Widget("b"));
+        QCOMPARE(QApplication::focusWidget(), clears ? nullptr : elsewhere);
+        QCOMPARE(Widget("a")->focusWidget(), clears ? nullptr : field);
+    }
+
 private Q_SLOTS:
     void init()
     {
@@ -41,6 +63,7 @@ private Q_SLOTS:
     void cleanup()
     {
         Bar::ReleaseInstance();
+        KVToolWidgetManager::ReleaseInstance();
         for (const QPointer<QWidget>& widget : qAsConst(m_widgets))
             delete widget.data();
         m_widgets.clear();
@@ -124,6 +147,13 @@ private Q_SLOTS:
         QCOMPARE(state.join(' '), parts[2]);
         QCOMPARE(Bar::IsGeneralContentEmpty(), visible.isEmpty());
         QCOMPARE(Bar::CurrentUID(), visible.isEmpty() ? QString() : "uid-" + visible[0]);
+    }
+
+    // The tool bar manager clears the focus, the tool widget manager leaves it to Qt.
+    void focusOfSwitchedContent()
+    {
+        CheckFocus<Bar>(true);
+        CheckFocus<KVToolWidgetManager>(false);
     }
 };
 
