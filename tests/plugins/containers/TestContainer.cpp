@@ -1,7 +1,6 @@
 // A plug-in container for the loader's tests, built in several kinds:
 //   KV_KIND_IMAGE           one image-file plug-in reading KV_CONTAINER_NAME files
 //   KV_KIND_BRUSH           a null entry and the brush factory
-//   KV_KIND_TWO_BRUSHES     two objects with the brush factory's UID, the last no factory
 //   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
 //   KV_KIND_EMPTY           no plug-in objects
 //   KV_KIND_MISSING_SYMBOL  calls a function that no library defines
@@ -34,17 +33,11 @@ void Record(const char* call)
 }
 } // namespace
 
-class TestBrushPlugin : public KVBrushPlugin
+class TestBrushFactory : public KVBrushPlugin, public IBrushFactory
 {
     Q_OBJECT
 public:
     QString GetUID() const override { return "{00000000-0000-0000-0000-000000000002}"; }
-};
-
-class TestBrushFactory : public TestBrushPlugin, public IBrushFactory
-{
-    Q_OBJECT
-public:
     QStringList GetBrushIDs() const override { return {"round"}; }
     QString GetBrushName(const QString&) const override { return "Round"; }
     QImage CreateBrushTip(const QString&, int, qreal) const override { return QImage(); }
@@ -73,8 +66,6 @@ QList<KVPlugin*> MakePlugins()
     return {new TestImagePlugin(config)};
 #elif defined(KV_KIND_BRUSH)
     return {nullptr, new TestBrushFactory};
-#elif defined(KV_KIND_TWO_BRUSHES)
-    return {new TestBrushFactory, new TestBrushPlugin};
 #elif defined(KV_KIND_ADJUSTMENTS)
     return {new TestAdjustment(kName + ".invert"), new TestAdjustment(kName + ".grey")};
 #else
