@@ -127,16 +127,6 @@ private Q_SLOTS:
         QCOMPARE(LoaderLines(capture), QStringList{LoaderLine(path, logged)});
     }
 
-    // Without the image-file registry image plug-ins load all the same, unregistered.
-    void imagePluginsWithoutTheirRegistry()
-    {
-        KVImageFileManager::ReleaseInstance();
-        m_app->LoadPlugin(PluginFile("tc_image_b"));
-        QCOMPARE(m_app->GetErrorInfo(PluginFile("tc_image_b")), QString("Plugin OK."));
-        KVImageFileManager::InitInstance();
-        QVERIFY(KVImageFileManager::GetSupportedReadFormats().isEmpty());
-    }
-
     // A batch: its signals with events processed around every file, each file's
     // record (the first answers for the file), calls in reverse load order, and
     // unloading in reverse.

@@ -1,11 +1,6 @@
-// A plug-in container for the loader's tests, built in several kinds:
-//   KV_KIND_IMAGE           one image-file plug-in reading KV_CONTAINER_NAME files
-//   KV_KIND_BRUSH           a null entry and the brush factory
-//   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
-//   KV_KIND_EMPTY           no plug-in objects
-//   KV_KIND_MISSING_SYMBOL  calls a function that no library defines
-//   KV_KIND_ABORT           aborts the process in Initialize(), as a crashing plug-in would
-// Every kind logs the calls it receives to TestCallLog.
+// A plug-in container for the loader's tests; KV_KIND_<kind> picks what it holds
+// (see MakePlugins()) or how it fails: MISSING_SYMBOL calls a function no library
+// defines, ABORT aborts in Initialize(). It logs its calls to TestCallLog.
 
 #include "TestCallLog.h"
 #include "TestImagePlugin.h"
@@ -56,6 +51,8 @@ public:
 };
 
 namespace {
+// IMAGE: an image-file plug-in of KV_CONTAINER_NAME files; BRUSH: a null entry
+// and the brush factory; ADJUSTMENTS: two that the container registers itself.
 QList<KVPlugin*> MakePlugins()
 {
 #if defined(KV_KIND_IMAGE)
