@@ -1,5 +1,4 @@
 #include "LogCapture.h"
-#include "TestCallLog.h"
 #include "TestSupport.h"
 
 #include <KVAdjustmentManager.h>
@@ -30,6 +29,15 @@ QString LoaderLine(const QString& path, const QString& what)
 {
     return LogCapture::Expected("src/private/KVApplication_p",
                                 QString("Plugin: \"%1\" %2").arg(path, what));
+}
+
+// The calls the test containers received, as "<container>:<call>", and a fresh log.
+QStringList TakeCalls()
+{
+    QObject* app = QCoreApplication::instance();
+    const QStringList calls = app->property("testCalls").toStringList();
+    app->setProperty("testCalls", QVariant());
+    return calls;
 }
 
 // The application's loading signals, in the order they came.
@@ -73,7 +81,6 @@ private Q_SLOTS:
         m_app = std::make_unique<KVApplication>(m_argc, m_argv);
         KVImageFileManager::InitInstance();
         KVAdjustmentManager::InitInstance();
-        TestCallLog::Take();
     }
 
     void cleanup()
@@ -171,18 +178,18 @@ private Q_SLOTS:
         QCOMPARE(m_app->GetErrorInfo(late), QString("Missing file"));
         QCOMPARE(m_app->GetErrorPlugins(), std::vector<QString>({PluginFile("tc_empty"), late}));
 
-        TestCallLog::Take();
+        TakeCalls();
         m_app->UIReady();
         KVApplication::FlushData();
-        QCOMPARE(TestCallLog::Take(),
+        QCOMPARE(TakeCalls(),
                  QStringList({"image_b:UIReady", "adjustments:UIReady", "brush:UIReady",
                               "image_a:UIReady", "image_a:FlushPluginData", "brush:FlushPluginData",
                               "adjustments:FlushPluginData", "image_b:FlushPluginData"}));
 
         LogCapture capture;
         m_app->UnloadPlugins();
-        QCOMPARE(TestCallLog::Take(), QStringList({"image_b:Release", "adjustments:Release",
-                                                   "brush:Release", "image_a:Release"}));
+        QCOMPARE(TakeCalls(), QStringList({"image_b:Release", "adjustments:Release",
+                                           "brush:Release", "image_a:Release"}));
         QStringList unloaded;
         for (const QString& file : batch.mid(0, 3) + QStringList{late})
             unloaded.prepend(LoaderLine(file, "is unloaded successfully."));
@@ -192,14 +199,14 @@ private Q_SLOTS:
         QCOMPARE(describe(),
                  expected.replaceInStrings(QRegularExpression(" \\[[a-z0-9,]+\\] "), " [] "));
         m_app->UnloadPlugins();
-        QVERIFY(TestCallLog::Take().isEmpty());
+        QVERIFY(TakeCalls().isEmpty());
     }
 
     void selectiveUnload()
     {
         const QString a = PluginFile("tc_image_a"), missing = m_dir.filePath("libgone.dylib");
         m_app->LoadPlugins(QStringList{a, missing, a, PluginFile("tc_image_b")});
-        TestCallLog::Take();
+        TakeCalls();
 
         LogCapture capture;
         m_app->UnloadPlugins(QStringList{"/not/loaded", missing});
@@ -209,10 +216,10 @@ private Q_SLOTS:
 
         // Both records of a go; a file unloaded by name loads again.
         m_app->UnloadPlugin(a);
-        QCOMPARE(TestCallLog::Take(), QStringList({"image_a:Release", "image_a:Release"}));
+        QCOMPARE(TakeCalls(), QStringList({"image_a:Release", "image_a:Release"}));
         QCOMPARE(KVImageFileManager::GetSupportedReadFormats(), QStringList{"image_b"});
         m_app->LoadPlugin(a);
-        QCOMPARE(TestCallLog::Take(), QStringList{"image_a:Initialize"});
+        QCOMPARE(TakeCalls(), QStringList{"image_a:Initialize"});
         QCOMPARE(KVImageFileManager::GetSupportedReadFormats(),
                  QStringList({"image_a", "image_b"}));
     }

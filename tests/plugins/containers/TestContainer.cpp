@@ -1,8 +1,8 @@
 // A plug-in container for the loader's tests; KV_KIND_<kind> picks what it holds
 // (see MakePlugins()) or how it fails: MISSING_SYMBOL calls a function no library
-// defines, ABORT aborts in Initialize(). It logs its calls to TestCallLog.
+// defines, ABORT aborts in Initialize(). It logs its calls in
+// the application's "testCalls" property.
 
-#include "TestCallLog.h"
 #include "TestImagePlugin.h"
 
 #include <IBrushFactory.h>
@@ -24,7 +24,9 @@ const QString kName = QStringLiteral(KV_CONTAINER_NAME);
 
 void Record(const char* call)
 {
-    TestCallLog::Append(kName + QLatin1Char(':') + QLatin1String(call));
+    if (QCoreApplication* app = QCoreApplication::instance())
+        app->setProperty("testCalls", app->property("testCalls").toStringList()
+                                          << kName + ':' + call);
 }
 } // namespace
 
