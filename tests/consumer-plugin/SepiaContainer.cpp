@@ -4,6 +4,8 @@
 #include <KVAdjustment.h>
 #include <KVAdjustmentManager.h>
 
+#include <utility>
+
 class Sepia : public KVAdjustment
 {
     Q_OBJECT
@@ -30,17 +32,14 @@ class SepiaContainer : public QObject, public IPluginContainer
 public:
     void Initialize() override
     {
-        if (!m_sepia) {
-            m_sepia = new Sepia;
-            KVAdjustmentManager::Register(m_sepia);
-        }
+        if (!m_sepia)
+            KVAdjustmentManager::Register(m_sepia = new Sepia);
     }
     void Release() override
     {
         if (m_sepia)
             KVAdjustmentManager::Unregister(m_sepia->GetAdjustmentID());
-        delete m_sepia;
-        m_sepia = nullptr;
+        delete std::exchange(m_sepia, nullptr);
     }
     void UIReady() override {}
     QList<KVPlugin*> GetPlugins() override { return {m_sepia}; }

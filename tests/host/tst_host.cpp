@@ -26,6 +26,7 @@ struct Run
 // Runs the bundle's host with its own HOME.
 Run RunHost(const QString& host, const QStringList& arguments, const QString& home)
 {
+    QDir().mkpath(home);
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME", home);
@@ -52,14 +53,6 @@ QJsonObject FileEntry(const QJsonObject& report, const QString& pathEnd)
     }
     return QJsonObject();
 }
-
-int LoadedCount(const QJsonObject& report)
-{
-    int loaded = 0;
-    for (const QJsonValue& file : report["files"].toArray())
-        loaded += file["status"] == "loaded";
-    return loaded;
-}
 } // namespace
 
 // The sample host run from its bundle, as a new user would start it.
@@ -70,25 +63,6 @@ class HostTest : public QObject
 private:
     QTemporaryDir m_dir;
     QString m_png;
-
-    QString Home(const QString& name) const
-    {
-        QDir().mkpath(m_dir.filePath(name));
-        return m_dir.filePath(name);
-    }
-
-    // A copy of the bundle's Contents folder with a test plug-in in its general
-    // folder as libfilter.2.dylib; empty when the copy failed.
-    QString CopyBundle(const QString& name, const QString& plugin) const
-    {
-        const QString bundle = m_dir.filePath(name + ".app/Contents");
-        if (!QDir().mkpath(m_dir.filePath(name + ".app")) ||
-            QProcess::execute("cp", {"-r", PELKARO_BUNDLE, bundle}) != 0 ||
-            !QFile::copy(QString(KV_TEST_PLUGIN_DIR "/lib%1.dylib").arg(plugin),
-                         bundle + "/PlugIns/General/libfilter.2.dylib"))
-            return QString();
-        return bundle;
-    }
 
 private Q_SLOTS:
     void initTestCase()
@@ -102,20 +76,20 @@ private Q_SLOTS:
     // The text report, its exit code, and in JSON what each sample plug-in contributed.
     void reportExplainsPluginsAndOpensImages()
     {
-        const Run run = RunHost(PELKARO_HOST, {"--report", m_png}, Home("report"));
+        const Run run = RunHost(PELKARO_HOST, {"--report", m_png}, m_dir.filePath("report"));
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.Line("scan general folder ").endsWith("/PlugIns/General"),
                  qPrintable(run.lines.join('\n')));
         QCOMPARE(run.Line("open " + m_png), "open " + m_png + ": 64x48");
-        QCOMPARE(RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")}, Home("report"))
+        QCOMPARE(RunHost(PELKARO_HOST, {"--report", m_dir.filePath("gone.png")},
+                         m_dir.filePath("report"))
                      .exitCode,
                  1);
 
-        const Run json = RunHost(PELKARO_HOST, {"--report", "--json", m_png}, Home("json"));
+        const Run json =
+            RunHost(PELKARO_HOST, {"--report", "--json", m_png}, m_dir.filePath("json"));
         const QJsonObject report = json.Json();
         QVERIFY2(json.exitCode == 0 && !report.isEmpty(), json.output.constData());
-        QCOMPARE(report["images"].toArray().first()["width"].toInt(), 64);
-        QVERIFY(report["skipped"].toArray().isEmpty());
         // file, its one non-empty contribution, how many, the first one's name
         for (const QStringList& row :
              {QStringList{"General/libadjustments.2.dylib", "adjustments", "6", "Invert"},
@@ -130,37 +104,21 @@ private Q_SLOTS:
         }
     }
 
-    // A plug-in that misses a function: the doctor names the function readably.
-    void brokenPluginNamesItsSymbol()
-    {
-        const QString bundle = CopyBundle("Broken", "tc_missingsymbol");
-        QVERIFY(!bundle.isEmpty());
-        QDir(bundle + "/PlugIns/Brushes").removeRecursively();
-        const QString host = bundle + "/MacOS/Pelkaro";
-
-        const Run text = RunHost(host, {"--report"}, Home("broken"));
-        QCOMPARE(text.exitCode, 0);
-        QVERIFY2(text.lines.contains("  undefined symbol _Z13MissingHelperv: MissingHelper()"),
-                 text.output.constData());
-        QVERIFY(text.lines.contains("scan brush folder \"../PlugIns/Brushes\": missing"));
-
-        const QJsonObject report = RunHost(host, {"--report", "--json"}, Home("broken")).Json();
-        const QJsonObject broken = FileEntry(report, "/libfilter.2.dylib");
-        QCOMPARE(broken["status"].toString(), QString("failed"));
-        QCOMPARE(broken["undefinedSymbol"].toString(), QString("_Z13MissingHelperv"));
-        QCOMPARE(broken["demangledSymbol"].toString(), QString("MissingHelper()"));
-        QCOMPARE(LoadedCount(report), 3);
-    }
-
     // A plug-in that aborts the editor while it loads: the start after it
     // names the file, starts without it, and keeps it out until taken back.
+    // Another that misses a function fails to load, its function named readably.
     void crashedPluginIsSkippedNextStart()
     {
-        const QString bundle = CopyBundle("Crash", "tc_abort");
-        QVERIFY(!bundle.isEmpty());
+        const QString bundle = m_dir.filePath("Crash.app/Contents");
+        const QString general = bundle + "/PlugIns/General/lib";
+        QVERIFY(QDir().mkpath(m_dir.filePath("Crash.app")));
+        QCOMPARE(QProcess::execute("cp", {"-r", PELKARO_BUNDLE, bundle}), 0);
+        QVERIFY(QFile::copy(KV_TEST_PLUGIN_DIR "/libtc_abort.dylib", general + "filter.2.dylib"));
+        QVERIFY(QFile::copy(KV_TEST_PLUGIN_DIR "/libtc_missingsymbol.dylib",
+                            general + "generaltools.2.dylib"));
         const QString host = bundle + "/MacOS/Pelkaro";
-        const QString crashing = bundle + "/PlugIns/General/libfilter.2.dylib";
-        const QString home = Home("crash");
+        const QString crashing = general + "filter.2.dylib";
+        const QString home = m_dir.filePath("crash");
 
         QCOMPARE(RunHost(host, {"--report"}, home).exitCode, -1);
 
@@ -173,11 +131,13 @@ private Q_SLOTS:
         QCOMPARE(second.lines.filter(QRegularExpression("^load .*: loaded, ")).size(), 4);
         QVERIFY(!second.Line("left out " + crashing + ": skipped").isEmpty());
         QVERIFY(second.Line("load " + crashing).isEmpty());
+        QVERIFY(second.lines.contains("  undefined symbol _Z13MissingHelperv: MissingHelper()"));
 
         const QJsonObject third = RunHost(host, {"--report", "--json"}, home).Json();
         QCOMPARE(third["crashedLastStart"].toString(), QString());
         QCOMPARE(third["skipped"].toArray(), QJsonArray{crashing});
-        QCOMPARE(LoadedCount(third), 4);
+        QCOMPARE(FileEntry(third, "/libgeneraltools.2.dylib")["demangledSymbol"].toString(),
+                 QString("MissingHelper()"));
 
         // Taken back, it loads, and crashes, again.
         QCOMPARE(RunHost(host, {"--report", "--retry-plugins"}, home).exitCode, -1);

@@ -37,10 +37,8 @@ public:
     QStringList GetFormats() const override { return m_formats; }
     QImage Read(const QString&) { return QImage(1, 1, QImage::Format_ARGB32); }
     bool Write(const QImage&, const QString&) { return true; }
-
-private:
-    QString m_uid;
-    QStringList m_formats;
+    const QString m_uid;
+    const QStringList m_formats;
 };
 using TestImageReader = TestImageFile<KVImageFileReader>;
 using TestImageWriter = TestImageFile<KVImageFileWriter>;
@@ -118,10 +116,9 @@ public:
 private:
     TestGroup Group(const QString& uid) const
     {
-        for (const TestGroup& group : m_config.groups) {
+        for (const TestGroup& group : m_config.groups)
             if (group.uid == uid)
                 return group;
-        }
         return TestGroup();
     }
 

@@ -94,7 +94,6 @@ private Q_SLOTS:
         auto main = std::make_unique<Brush>("{main}"), former = std::make_unique<Brush>("{f}");
         KVBrushToolManager::SetMainBrushPlugin(former.get());
         KVBrushToolManager::SetMainBrushPlugin(main.get());
-        KVBrushToolManager::SetMainBrushPlugin(main.get());
         former.reset();
         KVBrushToolManager::Register(main.get());
         QVERIFY(KVBrushToolManager::Unregister("{main}"));

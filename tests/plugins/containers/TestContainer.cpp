@@ -1,14 +1,8 @@
-// A plug-in container for the loader's tests, built in several kinds:
-//   KV_KIND_IMAGE           one image-file plug-in reading KV_CONTAINER_NAME files
-//   KV_KIND_BRUSH           a null entry and the brush factory
-//   KV_KIND_TWO_BRUSHES     two objects with the brush factory's UID, the last no factory
-//   KV_KIND_ADJUSTMENTS     two adjustments it registers itself
-//   KV_KIND_EMPTY           no plug-in objects
-//   KV_KIND_MISSING_SYMBOL  calls a function that no library defines
-//   KV_KIND_ABORT           aborts the process in Initialize(), as a crashing plug-in would
-// Every kind logs the calls it receives to TestCallLog.
+// A plug-in container for the loader's tests; KV_KIND_<kind> picks what it holds
+// (see MakePlugins()) or how it fails: MISSING_SYMBOL calls a function no library
+// defines, ABORT aborts in Initialize(). It logs its calls in
+// the application's "testCalls" property.
 
-#include "TestCallLog.h"
 #include "TestImagePlugin.h"
 
 #include <IBrushFactory.h>
@@ -30,21 +24,17 @@ const QString kName = QStringLiteral(KV_CONTAINER_NAME);
 
 void Record(const char* call)
 {
-    TestCallLog::Append(kName + QLatin1Char(':') + QLatin1String(call));
+    if (QCoreApplication* app = QCoreApplication::instance())
+        app->setProperty("testCalls", app->property("testCalls").toStringList()
+                                          << kName + ':' + call);
 }
 } // namespace
 
-class TestBrushPlugin : public KVBrushPlugin
+class TestBrushFactory : public KVBrushPlugin, public IBrushFactory
 {
     Q_OBJECT
 public:
     QString GetUID() const override { return "{00000000-0000-0000-0000-000000000002}"; }
-};
-
-class TestBrushFactory : public TestBrushPlugin, public IBrushFactory
-{
-    Q_OBJECT
-public:
     QStringList GetBrushIDs() const override { return {"round"}; }
     QString GetBrushName(const QString&) const override { return "Round"; }
     QImage CreateBrushTip(const QString&, int, qreal) const override { return QImage(); }
@@ -63,6 +53,8 @@ public:
 };
 
 namespace {
+// IMAGE: an image-file plug-in of KV_CONTAINER_NAME files; BRUSH: a null entry
+// and the brush factory; ADJUSTMENTS: two that the container registers itself.
 QList<KVPlugin*> MakePlugins()
 {
 #if defined(KV_KIND_IMAGE)
@@ -73,8 +65,6 @@ QList<KVPlugin*> MakePlugins()
     return {new TestImagePlugin(config)};
 #elif defined(KV_KIND_BRUSH)
     return {nullptr, new TestBrushFactory};
-#elif defined(KV_KIND_TWO_BRUSHES)
-    return {new TestBrushFactory, new TestBrushPlugin};
 #elif defined(KV_KIND_ADJUSTMENTS)
     return {new TestAdjustment(kName + ".invert"), new TestAdjustment(kName + ".grey")};
 #else
