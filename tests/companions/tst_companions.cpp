@@ -79,17 +79,13 @@ private Q_SLOTS:
     void unreadablePaths()
     {
         KVCMSProfile profile;
-        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")) && profile.GetPath().isEmpty());
-        QVERIFY(!profile.Load(m_dir.path()));
+        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")) && !profile.Load(m_dir.path()));
     }
 
     void pixelRatio()
     {
-        KVPixelRatioRound::SetPixelRatio(2.0);
-        KVPixelRatioRound::SetPixelRatio(0.0); // ignored
-        QCOMPARE(KVPixelRatioRound::GetPixelRatio(), 2.0);
-        QCOMPARE(KVPixelRatioRound::ToDevice(10.3), 21);
         KVPixelRatioRound::SetPixelRatio(1.5);
+        KVPixelRatioRound::SetPixelRatio(0.0); // ignored
         QCOMPARE(KVPixelRatioRound::ToDevice(3), 5);
         QCOMPARE(KVPixelRatioRound::ToLogical(3), 2.0);
     }
