@@ -30,20 +30,6 @@ MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
     return std::make_unique<TestImagePlugin>(config);
 }
 
-// Both signals of the manager, in the order they came.
-struct SignalLog : QObject
-{
-    SignalLog()
-    {
-        connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
-                [this] { events.append("groups"); });
-        connect(Manager::GetInstance(), &Manager::SupportedGroupChanged, this,
-                [this](const QString& group) { events.append(group); });
-    }
-    QStringList Take() { return std::exchange(events, {}); }
-    QStringList events;
-};
-
 // Logs each path; the path *stopAt stops a batch.
 QStringList g_opened;
 bool LoggingOpen(const QString& path, bool* ok, void* stopAt)
@@ -77,60 +63,53 @@ private Q_SLOTS:
     void init() { Manager::InitInstance(); }
     void cleanup() { Manager::ReleaseInstance(); }
 
-    // An empty manager, then none at all: every call answers neutrally.
-    void emptyThenNoManager()
-    {
-        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
-        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
-        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
-        QCOMPARE(Manager::GetFilterForRead(), QString());
-        QVERIFY(!Manager::Register(nullptr) && !Manager::Unregister(nullptr));
-        Manager::ReleaseInstance();
-        QCOMPARE(Manager::GetGroupName(kAll), QString());
-        QVERIFY(!Manager::CreateReader("png") && !Manager::AcquireReader("png"));
-        QVERIFY(!Manager::InitReadersPool() && !Manager::Save(nullptr));
-    }
-
     // The newest plug-in serves a suffix; signals come for real changes of the tables only.
     void signalsFollowRealChanges()
     {
-        SignalLog log;
+        QStringList log; // both signals, in the order they came
+        connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
+                [&] { log << "groups"; });
+        connect(Manager::GetInstance(), &Manager::SupportedGroupChanged, this,
+                [&](const QString& group) { log << group; });
         auto first = MakePlugin({"png", "jpg", "raw"},
                                 {{kPng, "PNG", {"png"}}, {kJpeg, "JPEG", {"jpg"}}}, {"raw"});
         Manager::Register(first.get());
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
-                                          kAll, kPng, kJpeg}));                  // write side
-        QVERIFY(!Manager::CreateReader("raw"));                                  // disabled
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
+                              kAll, kPng, kJpeg}));                  // write side
+        QVERIFY(!Manager::CreateReader("raw"));                      // disabled
         auto second = MakePlugin({"png", "gif"}, {{kPng, "Renamed", {"png", "gif"}}});
         Manager::Register(second.get());
         QVERIFY(Manager::Register(second.get())); // again: nothing changes
-        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kPng, kAll, kPng}));
         QCOMPARE(Manager::GetPluginForRead("PNG"), second.get());
         QCOMPARE(Manager::GetPluginForWrite("png"), second.get());
         QCOMPARE(Manager::GetPluginForRead("jpg"), first.get());
         QCOMPARE(Manager::GetGroupName(kPng), QString("PNG")); // the first name stays
         auto third = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
         Manager::Register(third.get());
-        QCOMPARE(log.Take(), QStringList());
+        QCOMPARE(std::exchange(log, {}), QStringList());
         // gif loses its only reader: out of All and PNG, which keeps png.
         QVERIFY(Manager::Unregister(second.get()));
         QVERIFY(!Manager::Unregister(second.get()));
-        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kPng, kAll, kPng}));
         QCOMPARE(Manager::GetPluginForRead("png"), third.get());
         QCOMPARE(Manager::GetGroupReadFormats(kPng), QStringList({"png"}));
         // png still has the third plug-in; jpg goes, and JPEG is left empty.
         Manager::Unregister(first.get());
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
         QCOMPARE(Manager::GetSupportedReadGroups(), QStringList({kAll, kPng, kJpeg}));
         QCOMPARE(Manager::GetGroupReadFormats(kJpeg), QStringList());
         QCOMPARE(Manager::GetGroupName(kJpeg), QString("JPEG"));
         // A known, emptied group filled again is not a new group.
         auto fourth = MakePlugin({"jpg"}, {{kJpeg, "JPEG", {"jpg"}}});
         Manager::Register(fourth.get());
-        QCOMPARE(log.Take(), QStringList({kAll, kJpeg, kAll, kJpeg}));
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kJpeg, kAll, kJpeg}));
         // A destroyed plug-in leaves the tables.
         fourth.reset();
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
         QVERIFY(!Manager::GetPluginForRead("jpg"));
         QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"png"}));
     }
@@ -178,9 +157,16 @@ private Q_SLOTS:
         delete orphan;
     }
 
-    // Groups in UID order, All among them by its UID; an empty group too; no All to write.
-    void dialogFilters()
+    // Empty, the manager has only All, no filters, and takes no null plug-in.
+    // Then groups come in UID order, All among them by its UID, an empty group
+    // too, and no All to write. Without a manager every call answers neutrally.
+    void groupsAndFilters()
     {
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
+        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QVERIFY(!Manager::Register(nullptr) && !Manager::Unregister(nullptr));
         auto plain = MakePlugin({"png", "bmp"});
         Manager::Register(plain.get());
         QCOMPARE(Manager::GetFilterForRead(), QString("All (*.bmp *.png)"));
@@ -194,6 +180,11 @@ private Q_SLOTS:
                  QString("First (*.bmp);;All (*.bmp *.png);;Both (*.png *.bmp);;Empty )"));
         QCOMPARE(Manager::GetFilterForWrite(),
                  QString("First (*.bmp);;Both (*.png *.bmp);;Empty )"));
+        Manager::ReleaseInstance();
+        QCOMPARE(Manager::GetGroupName(kAll), QString());
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QVERIFY(!Manager::CreateReader("png") && !Manager::AcquireReader("png"));
+        QVERIFY(!Manager::InitReadersPool() && !Manager::Save(nullptr));
     }
 
     void openingAndSaving()
