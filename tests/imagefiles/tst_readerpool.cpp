@@ -23,12 +23,9 @@ QSet<KVImageFileReader*> ToSet(const Readers& readers)
     return QSet<KVImageFileReader*>(readers.begin(), readers.end());
 }
 
-int PoolSize()
-{
-    return QThread::idealThreadCount();
-}
+const int kPoolSize = QThread::idealThreadCount(); // readers per pool
 
-Readers AcquireAll(const QString& format, int count = PoolSize())
+Readers AcquireAll(const QString& format, int count = kPoolSize)
 {
     Readers readers;
     for (int i = 0; i < count; ++i)
@@ -88,7 +85,7 @@ private Q_SLOTS:
         const Readers fromJpeg = AcquireAll("jpeg");
         ReleaseAll(fromJpeg);
         QCOMPARE(ToSet(fromJpg), ToSet(fromJpeg));
-        QCOMPARE(ToSet(fromJpg).size(), PoolSize());
+        QCOMPARE(ToSet(fromJpg).size(), kPoolSize);
         TestImageReader stranger("{x}", {"png"});
         Manager::ReleaseAcquiredReader(&stranger); // a reader of no pool is ignored
         Manager::ReleaseAcquiredReader(nullptr);
@@ -98,11 +95,11 @@ private Q_SLOTS:
         ReleaseAll(fromPng);
         QVERIFY(!Manager::AcquireReader("gif"));
         Manager::InitReadersPool();
-        QCOMPARE(jpeg->m_readersMade, PoolSize()); // formats with a pool get no second one
-        delete fromPng.last();                     // a destroyed pool reader leaves its pool
+        QCOMPARE(jpeg->m_readersMade, kPoolSize); // formats with a pool get no second one
+        delete fromPng.last();                    // a destroyed pool reader leaves its pool
         KVImageFileReader* own = Manager::CreateReader("png"); // not the pool's
         Manager::ReleaseReadersPool();
-        QCOMPARE(png->m_readersReleased, PoolSize() - 1);
+        QCOMPARE(png->m_readersReleased, kPoolSize - 1);
         QVERIFY(!Manager::AcquireReader("png"));
         Manager::ReleaseReader(own);
         Manager::InitReadersPool();
@@ -111,7 +108,7 @@ private Q_SLOTS:
         Manager::Unregister(png);
         Manager::ReleaseReadersPool();
         QVERIFY(!Manager::AcquireReader("png"));
-        QCOMPARE(png->m_readersReleased, PoolSize());
+        QCOMPARE(png->m_readersReleased, kPoolSize);
         qDeleteAll(orphans);
     }
 
@@ -130,7 +127,7 @@ private Q_SLOTS:
         std::atomic<bool> givesBack{false};
         KVImageFileReader* last = nullptr;
         std::thread borrower([&] {
-            const Readers held = AcquireAll("png", PoolSize() - 1);
+            const Readers held = AcquireAll("png", kPoolSize - 1);
             holdsTheRest = true;
             QThread::msleep(100); // the relocation below is waiting by now
             last = Manager::AcquireReader("png");
@@ -148,10 +145,10 @@ private Q_SLOTS:
         QCOMPARE(png->m_readersReleased, 2);
     }
 
-    // Eight threads borrow one reader, or one of each of two pools (always in
-    // the same order), while this thread unregisters a plug-in and releases
-    // pool readers, which their plug-in deletes. No reader is lent twice or
-    // after its release, none is lost, and every thread finishes.
+    // Eight threads borrow one reader, or one of each of two pools (in the same
+    // order), while this thread unregisters a plug-in and releases pool readers,
+    // which their plug-in deletes. No reader is lent twice or after its release,
+    // none is lost, and every thread finishes.
     void borrowersAndRelocationsTogether()
     {
         KV_IN_CHILD_PROCESS(120000);
