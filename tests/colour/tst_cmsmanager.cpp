@@ -63,12 +63,6 @@ private Q_SLOTS:
         KVCMSManager::InitInstance(m_dir.filePath("missing")); // ignored
     }
 
-    void cleanupTestCase()
-    {
-        if (KVCMSManager::GetInstance())
-            KVCMSManager::ReleaseInstance();
-    }
-
     // Name order is case-sensitive and takes ".icc" and ".icm" together; no
     // folder is not the current folder, which is the mixed one.
     void listing()

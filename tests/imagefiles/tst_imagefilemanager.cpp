@@ -203,13 +203,12 @@ private Q_SLOTS:
         Manager::Register(Manager::OpenCallback(nullptr), nullptr);
         QVERIFY(!Manager::Open("a.png", &ok) && !ok);
         QVERIFY(!Manager::Save(nullptr));
-        int first = 0;
-        int second = 0;
-        Manager::Register(&CountSave, &first);
+        int saves[2] = {0, 0};
+        Manager::Register(&CountSave, &saves[0]);
         QVERIFY(Manager::Save(nullptr));
-        Manager::Register(&CountSave, &second);
+        Manager::Register(&CountSave, &saves[1]);
         QVERIFY(Manager::Save(nullptr));
-        QCOMPARE(QPair(first, second), QPair(1, 1));
+        QCOMPARE(QPair(saves[0], saves[1]), QPair(1, 1));
     }
 };
 
