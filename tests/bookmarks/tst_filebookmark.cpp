@@ -1,7 +1,6 @@
 #include "TestSupport.h"
 
 #include <KVFileBookmark.h>
-#include <KVFileBookmarkManager.h>
 #include <private/KVFileBookmark_p.h>
 
 #include <QSettings>

@@ -13,7 +13,6 @@ namespace {
 const QString kAll = "{00000000-0000-0000-0000-000000000001}";
 const QString kPng = "{a0000000-0000-0000-0000-000000000001}";
 const QString kJpeg = "{b0000000-0000-0000-0000-000000000002}";
-const QString kTiff = "{c0000000-0000-0000-0000-000000000003}";
 
 std::unique_ptr<TestImagePlugin>
 MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
