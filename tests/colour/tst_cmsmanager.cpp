@@ -63,36 +63,19 @@ private Q_SLOTS:
         KVCMSManager::InitInstance(m_dir.filePath("missing")); // ignored
     }
 
-    void cleanupTestCase()
-    {
-        if (KVCMSManager::GetInstance())
-            KVCMSManager::ReleaseInstance();
-    }
-
-    void listing_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("listed");
-        // Name order is case-sensitive and takes ".icc" and ".icm" together.
-        QTest::newRow("mixed") << "mixed"
-                               << "-1 - Adobe.icc Wide.icm sRGB.icc -";
-        QTest::newRow("missing") << "missing"
-                                 << "-1 - -";
-        // Not the current folder, which is the mixed one.
-        QTest::newRow("no folder") << ""
-                                   << "-1 - -";
-    }
-
+    // Name order is case-sensitive and takes ".icc" and ".icm" together; no
+    // folder is not the current folder, which is the mixed one.
     void listing()
     {
-        QFETCH(QString, folder);
-        QFETCH(QString, listed);
-        QProcess child;
-        child.setWorkingDirectory(m_dir.filePath("mixed"));
-        child.start(QCoreApplication::applicationFilePath(),
-                    {"--list", folder.isEmpty() ? folder : m_dir.filePath(folder)});
-        QVERIFY(child.waitForFinished(120000));
-        QCOMPARE(QString(child.readAllStandardOutput()), listed);
+        const QList<QPair<QString, QString>> listings{
+            {m_dir.filePath("mixed"), "-1 - Adobe.icc Wide.icm sRGB.icc -"}, {"", "-1 - -"}};
+        for (const auto& [folder, listed] : listings) {
+            QProcess child;
+            child.setWorkingDirectory(m_dir.filePath("mixed"));
+            child.start(QCoreApplication::applicationFilePath(), {"--list", folder});
+            QVERIFY(child.waitForFinished(120000));
+            QCOMPARE(QString(child.readAllStandardOutput()), listed);
+        }
     }
 
     void workingIndex()

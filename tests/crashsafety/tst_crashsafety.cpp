@@ -104,10 +104,8 @@ private Q_SLOTS:
             const Expected expected(lines);
             QCOMPARE(expected.done.size(), kFiles.size()); // the writer reports what it loaded
             for (const QString& file : kFiles.keys()) {
-                // What the writer loaded is what the previous kill left.
-                const QString loaded = lines.filter("start:" + file + "=").value(0).section('=', 1);
-                if (onDisk.contains(file))
-                    QCOMPARE(loaded, onDisk.value(file));
+                if (onDisk.contains(file)) // the writer loaded what the previous kill left
+                    QVERIFY(lines.contains("start:" + file + "=" + onDisk.value(file)));
                 const QString state = ReadState(
                     m_home.path() + "/Library/Preferences/Pelkaro AB/Pelkaro/" + kFiles[file], file,
                     kills);

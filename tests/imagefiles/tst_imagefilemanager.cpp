@@ -9,13 +9,10 @@
 
 using Manager = KVImageFileManager;
 
-Q_DECLARE_METATYPE(QList<TestGroup>)
-
 namespace {
 const QString kAll = "{00000000-0000-0000-0000-000000000001}";
 const QString kPng = "{a0000000-0000-0000-0000-000000000001}";
 const QString kJpeg = "{b0000000-0000-0000-0000-000000000002}";
-const QString kTiff = "{c0000000-0000-0000-0000-000000000003}";
 
 std::unique_ptr<TestImagePlugin>
 MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
@@ -32,42 +29,21 @@ MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
     return std::make_unique<TestImagePlugin>(config);
 }
 
-// Both signals of the manager, in the order they came.
-struct SignalLog : QObject
+// Logs each path; the path *stopAt stops a batch.
+QStringList g_opened;
+bool LoggingOpen(const QString& path, bool* ok, void* stopAt)
 {
-    SignalLog()
-    {
-        connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
-                [this] { events.append("groups"); });
-        connect(Manager::GetInstance(), &Manager::SupportedGroupChanged, this,
-                [this](const QString& group) { events.append(group); });
-    }
-    QStringList Take() { return std::exchange(events, {}); }
-    QStringList events;
-};
-
-struct OpenLog
-{
-    QStringList paths;
-    QString stopAt;
-    QString prefix;
-};
-
-bool LoggingOpen(const QString& path, bool* ok, void* user)
-{
-    auto* log = static_cast<OpenLog*>(user);
-    log->paths.append(log->prefix + path);
-    if (path == log->stopAt)
+    g_opened << path;
+    if (path == *static_cast<QString*>(stopAt))
         *ok = false;
     return path.endsWith(".png");
 }
 
-// Hands the rest of a batch to a second callback.
-bool SwitchingOpen(const QString& path, bool* ok, void* user)
+// Hands the rest of a batch to LoggingOpen.
+bool SwitchingOpen(const QString& path, bool*, void* stopAt)
 {
-    LoggingOpen(path, ok, user);
-    static_cast<OpenLog*>(user)->prefix = "second:";
-    Manager::Register(&LoggingOpen, user);
+    g_opened << "switch:" + path;
+    Manager::Register(&LoggingOpen, stopAt);
     return true;
 }
 
@@ -86,88 +62,65 @@ private Q_SLOTS:
     void init() { Manager::InitInstance(); }
     void cleanup() { Manager::ReleaseInstance(); }
 
-    // An empty manager, then none at all: every call answers neutrally.
-    void emptyThenNoManager()
-    {
-        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
-        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
-        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
-        QCOMPARE(Manager::GetFilterForRead(), QString());
-        QVERIFY(!Manager::Register(nullptr));
-        QVERIFY(!Manager::Unregister(nullptr));
-        Manager::ReleaseInstance();
-        auto plugin = MakePlugin({"png"});
-        QVERIFY(!Manager::Register(plugin.get()));
-        QVERIFY(!Manager::Unregister(plugin.get()));
-        QCOMPARE(Manager::GetGroupName(kAll), QString());
-        QCOMPARE(Manager::GetFilterForRead(), QString());
-        QVERIFY(!Manager::CreateReader("png"));
-        QVERIFY(!Manager::InitReadersPool());
-        QVERIFY(!Manager::AcquireReader("png"));
-        bool ok = true;
-        QVERIFY(!Manager::Open("a.png", &ok) && !ok);
-        QVERIFY(!Manager::Save(nullptr));
-    }
-
-    void newestPluginServesASuffix()
-    {
-        auto older = MakePlugin({"png", "bmp", "raw"}, {}, {"raw"});
-        auto newer = MakePlugin({"png"});
-        QVERIFY(Manager::Register(older.get()));
-        QVERIFY(Manager::Register(newer.get()));
-        QVERIFY(Manager::Register(newer.get())); // again: nothing changes
-        QCOMPARE(Manager::GetPluginForRead("PNG"), newer.get());
-        QCOMPARE(Manager::GetPluginForWrite("png"), newer.get());
-        QCOMPARE(Manager::GetPluginForRead("bmp"), older.get());
-        QVERIFY(!Manager::CreateReader("raw")); // disabled
-        QVERIFY(Manager::Unregister(newer.get()));
-        QVERIFY(!Manager::Unregister(newer.get()));
-        QCOMPARE(Manager::GetPluginForRead("png"), older.get());
-        QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"bmp", "png"}));
-    }
-
-    // Signals come for real changes of the tables only.
+    // The newest plug-in serves a suffix; signals come for real changes of the tables only.
     void signalsFollowRealChanges()
     {
-        SignalLog log;
-        auto first = MakePlugin({"png", "jpg"}, {{kPng, "PNG", {"png"}}, {kJpeg, "JPEG", {"jpg"}}});
+        QStringList log; // both signals, in the order they came
+        connect(Manager::GetInstance(), &Manager::SupportedGroupsChanged, this,
+                [&] { log << "groups"; });
+        connect(Manager::GetInstance(), &Manager::SupportedGroupChanged, this,
+                [&](const QString& group) { log << group; });
+        auto first = MakePlugin({"png", "jpg", "raw"},
+                                {{kPng, "PNG", {"png"}}, {kJpeg, "JPEG", {"jpg"}}}, {"raw"});
         Manager::Register(first.get());
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
-                                          kAll, kPng, kJpeg}));                  // write side
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kPng, "groups", kJpeg, // read side
+                              kAll, kPng, kJpeg}));                  // write side
+        QVERIFY(!Manager::CreateReader("raw"));                      // disabled
         auto second = MakePlugin({"png", "gif"}, {{kPng, "Renamed", {"png", "gif"}}});
         Manager::Register(second.get());
-        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+        QVERIFY(Manager::Register(second.get())); // again: nothing changes
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kPng, kAll, kPng}));
+        QCOMPARE(Manager::GetPluginForRead("PNG"), second.get());
+        QCOMPARE(Manager::GetPluginForWrite("png"), second.get());
+        QCOMPARE(Manager::GetPluginForRead("jpg"), first.get());
         QCOMPARE(Manager::GetGroupName(kPng), QString("PNG")); // the first name stays
         auto third = MakePlugin({"png"}, {{kPng, "PNG", {"png"}}});
         Manager::Register(third.get());
-        QCOMPARE(log.Take(), QStringList());
+        QCOMPARE(std::exchange(log, {}), QStringList());
         // gif loses its only reader: out of All and PNG, which keeps png.
-        Manager::Unregister(second.get());
-        QCOMPARE(log.Take(), QStringList({kAll, kPng, kAll, kPng}));
+        QVERIFY(Manager::Unregister(second.get()));
+        QVERIFY(!Manager::Unregister(second.get()));
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kPng, kAll, kPng}));
+        QCOMPARE(Manager::GetPluginForRead("png"), third.get());
         QCOMPARE(Manager::GetGroupReadFormats(kPng), QStringList({"png"}));
         // png still has the third plug-in; jpg goes, and JPEG is left empty.
         Manager::Unregister(first.get());
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
         QCOMPARE(Manager::GetSupportedReadGroups(), QStringList({kAll, kPng, kJpeg}));
         QCOMPARE(Manager::GetGroupReadFormats(kJpeg), QStringList());
         QCOMPARE(Manager::GetGroupName(kJpeg), QString("JPEG"));
         // A known, emptied group filled again is not a new group.
         auto fourth = MakePlugin({"jpg"}, {{kJpeg, "JPEG", {"jpg"}}});
         Manager::Register(fourth.get());
-        QCOMPARE(log.Take(), QStringList({kAll, kJpeg, kAll, kJpeg}));
+        QCOMPARE(std::exchange(log, {}), QStringList({kAll, kJpeg, kAll, kJpeg}));
         // A destroyed plug-in leaves the tables.
         fourth.reset();
-        QCOMPARE(log.Take(), QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
+        QCOMPARE(std::exchange(log, {}),
+                 QStringList({kAll, "groups", kJpeg, kAll, "groups", kJpeg}));
         QVERIFY(!Manager::GetPluginForRead("jpg"));
         QCOMPARE(Manager::GetSupportedReadFormats(), QStringList({"png"}));
     }
 
-    void duplicateUidsAreLoggedAndSkipped()
+    // A reader or writer UID seen before is logged and skipped; what is made
+    // goes back to the plug-in that made it.
+    void readersAndWritersGoBackToTheirPlugin()
     {
-        auto first = MakePlugin({"png"}, {}, {}, {"{r1}"}, {"{w1}"});
+        auto plugin = MakePlugin({"png"}, {}, {}, {"{r1}"}, {"{w1}"});
         auto second = MakePlugin({"bmp"}, {}, {}, {"{r1}", "{r2}"}, {"{w1}"});
         LogCapture capture;
-        Manager::Register(first.get());
+        Manager::Register(plugin.get());
         Manager::Register(second.get());
         QStringList lines; // log readers know this line by its number
         for (const QString& line : capture.Lines())
@@ -179,20 +132,14 @@ private Q_SLOTS:
         Manager::ReleaseReader(Manager::CreateReaderByUID("{r2}"));
         Manager::ReleaseWriter(Manager::CreateWriterByUID("{w1}"));
         QVERIFY(!Manager::CreateReaderByUID("{unknown}"));
-        QCOMPARE((QList<int>{first->m_readersMade, second->m_readersMade, first->m_writersMade,
+        QCOMPARE((QList<int>{plugin->m_readersMade, second->m_readersMade, plugin->m_writersMade,
                              second->m_writersMade}),
                  (QList<int>{1, 1, 1, 0}));
-    }
-
-    void readersAndWritersGoBackToTheirPlugin()
-    {
-        auto plugin = MakePlugin({"png"});
-        Manager::Register(plugin.get());
         Manager::ReleaseReader(Manager::CreateReader("PNG"));
         Manager::ReleaseWriter(Manager::CreateWriter("Png"));
         QCOMPARE(plugin->m_requestedFormats, QStringList({"png", "png"}));
         QVERIFY(!Manager::CreateWriter("gif"));
-        QCOMPARE(QPair(plugin->m_readersReleased, plugin->m_writersReleased), QPair(1, 1));
+        QCOMPARE(QPair(plugin->m_readersReleased, plugin->m_writersReleased), QPair(2, 2));
         // Unknown pointers, and readers already destroyed, are ignored.
         TestImageReader stranger("{x}", {"png"});
         Manager::ReleaseReader(&stranger);
@@ -201,70 +148,66 @@ private Q_SLOTS:
         auto* reused = new TestImageReader("{y}", {"png"}); // may reuse the address
         Manager::ReleaseReader(reused);
         delete reused;
-        QCOMPARE(plugin->m_readersReleased, 1);
         // After unregistering, the plug-in's readers are no longer the manager's.
         KVImageFileReader* orphan = Manager::CreateReader("png");
         Manager::Unregister(plugin.get());
         Manager::ReleaseReader(orphan);
-        QCOMPARE(plugin->m_readersReleased, 1);
+        QCOMPARE(plugin->m_readersReleased, 2);
         delete orphan;
     }
 
-    void dialogFilters_data()
+    // Empty, the manager has only All, no filters, and takes no null plug-in.
+    // Then groups come in UID order, All among them by its UID, an empty group
+    // too, and no All to write. Without a manager every call answers neutrally.
+    void groupsAndFilters()
     {
-        QTest::addColumn<QList<TestGroup>>("groups");
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<QString>("write");
-        QTest::newRow("no groups") << QList<TestGroup>() << "All (*.bmp *.png)"
-                                   << "";
-        QTest::newRow("UID order, empty group")
-            << QList<TestGroup>{{kJpeg, "Empty", {}}, {kPng, "Both", {"png", "bmp"}}}
-            << "All (*.bmp *.png);;Both (*.png *.bmp);;Empty )"
-            << "Both (*.png *.bmp);;Empty )";
-        QTest::newRow("group before All")
-            << QList<TestGroup>{{"{00000000-0000-0000-0000-000000000000}", "First", {"bmp"}}}
-            << "First (*.bmp);;All (*.bmp *.png)"
-            << "First (*.bmp)";
-    }
-
-    void dialogFilters()
-    {
-        QFETCH(QList<TestGroup>, groups);
-        QFETCH(QString, read);
-        QFETCH(QString, write);
-        auto plugin = MakePlugin({"png", "bmp"}, groups);
-        Manager::Register(plugin.get());
-        QCOMPARE(Manager::GetFilterForRead(), read);
-        QCOMPARE(Manager::GetFilterForWrite(), write);
+        QVERIFY(Manager::GetSupportedReadGroups().isEmpty());
+        QCOMPARE(Manager::GetGroupName(kAll), QString("All"));
+        QCOMPARE(Manager::GetGroupName(kPng), QString("Unknown"));
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QVERIFY(!Manager::Register(nullptr) && !Manager::Unregister(nullptr));
+        auto plain = MakePlugin({"png", "bmp"});
+        Manager::Register(plain.get());
+        QCOMPARE(Manager::GetFilterForRead(), QString("All (*.bmp *.png)"));
+        QCOMPARE(Manager::GetFilterForWrite(), QString());
+        auto grouped = MakePlugin({"png", "bmp"},
+                                  {{kJpeg, "Empty", {}},
+                                   {kPng, "Both", {"png", "bmp"}},
+                                   {"{00000000-0000-0000-0000-000000000000}", "First", {"bmp"}}});
+        Manager::Register(grouped.get());
+        QCOMPARE(Manager::GetFilterForRead(),
+                 QString("First (*.bmp);;All (*.bmp *.png);;Both (*.png *.bmp);;Empty )"));
+        QCOMPARE(Manager::GetFilterForWrite(),
+                 QString("First (*.bmp);;Both (*.png *.bmp);;Empty )"));
+        Manager::ReleaseInstance();
+        QCOMPARE(Manager::GetGroupName(kAll), QString());
+        QCOMPARE(Manager::GetFilterForRead(), QString());
+        QVERIFY(!Manager::CreateReader("png") && !Manager::AcquireReader("png"));
+        QVERIFY(!Manager::InitReadersPool() && !Manager::Save(nullptr));
     }
 
     void openingAndSaving()
     {
-        OpenLog log;
+        QString stopAt = "b.png";
         QVERIFY(!Manager::Open("a.png", nullptr));
         Manager::Open(QStringList{"a.png"}); // no callback: nothing to call
-        Manager::Register(&LoggingOpen, &log);
+        Manager::Register(&LoggingOpen, &stopAt);
         bool ok = true;
         QVERIFY(Manager::Open("a.png", &ok) && ok);
         QVERIFY(!Manager::Open("a.jpg", nullptr));
-        log = {{}, "b.png", ""};
         Manager::Open(QStringList{"a.png", "b.png", "c.png"});
-        QCOMPARE(log.paths, QStringList({"a.png", "b.png"}));
-        log = {};
-        Manager::Register(&SwitchingOpen, &log);
+        Manager::Register(&SwitchingOpen, &stopAt);
         Manager::Open(QStringList{"a", "b", "c"});
-        QCOMPARE(log.paths, QStringList({"a", "second:b", "second:c"}));
+        QCOMPARE(g_opened, QStringList({"a.png", "a.jpg", "a.png", "b.png", "switch:a", "b", "c"}));
         Manager::Register(Manager::OpenCallback(nullptr), nullptr);
-        ok = true;
         QVERIFY(!Manager::Open("a.png", &ok) && !ok);
         QVERIFY(!Manager::Save(nullptr));
-        int first = 0;
-        int second = 0;
-        Manager::Register(&CountSave, &first);
+        int saves[2] = {0, 0};
+        Manager::Register(&CountSave, &saves[0]);
         QVERIFY(Manager::Save(nullptr));
-        Manager::Register(&CountSave, &second);
+        Manager::Register(&CountSave, &saves[1]);
         QVERIFY(Manager::Save(nullptr));
-        QCOMPARE(QPair(first, second), QPair(1, 1));
+        QCOMPARE(QPair(saves[0], saves[1]), QPair(1, 1));
     }
 };
 
