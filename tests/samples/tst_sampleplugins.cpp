@@ -2,6 +2,7 @@
 
 #include <IBrushFactory.h>
 #include <KVActivateAction.h>
+#include <KVAdjustment.h>
 #include <KVAdjustmentManager.h>
 #include <KVApplication.h>
 #include <KVBrushToolManager.h>
@@ -42,15 +43,27 @@ private Q_SLOTS:
         KVApplication app(argc, argv);
         for (const auto& manager : kManagers)
             manager.first();
+        // The starter reads its level when it loads and keeps it within 1..255.
+        KVApplication::SetUserValue("Starter/ThresholdLevel", 999);
         app.LoadPlugins(kSampleFiles);
         for (const QString& file : kSampleFiles)
             QCOMPARE(app.GetErrorInfo(file), QString("Plugin OK."));
 
         QStringList adjustments, brushes;
-        for (const QString& id : KVAdjustmentManager::GetRegistered())
+        const KVAdjustment* threshold = nullptr;
+        for (const QString& id : KVAdjustmentManager::GetRegistered()) {
             adjustments << KVAdjustmentManager::GetAdjustment(id)->GetName();
+            if (adjustments.last() == "Threshold")
+                threshold = KVAdjustmentManager::GetAdjustment(id);
+        }
         QCOMPARE(adjustments, QStringList({"Invert", "Greyscale", "Brighten", "Darken",
                                            "Increase Contrast", "Decrease Contrast", "Threshold"}));
+        QImage grey(2, 1, QImage::Format_ARGB32);
+        grey.setPixel(0, 0, qRgb(254, 254, 254));
+        grey.setPixel(1, 0, qRgb(255, 255, 255));
+        const QImage applied = threshold->Apply(grey);
+        QCOMPARE(applied.pixel(0, 0), qRgb(0, 0, 0));
+        QCOMPARE(applied.pixel(1, 0), qRgb(255, 255, 255));
         const IBrushFactory* factory = KVApplication::GetBrushFactory();
         QVERIFY(factory);
         QCOMPARE(factory->GetBrushIDs(), KVBrushToolManager::GetRegistered());
