@@ -65,6 +65,15 @@ class SingletonTest : public QObject
         App::FlushData();
         QCOMPARE(App::GetBackground(), QColor(Qt::white));
         QCOMPARE(App::GetTexturePatternIndex(), 0);
+        // The export preset lists live with the application object.
+        QCOMPARE(MZExportResolutions::GetSize(), -1);
+        QCOMPARE(MZExportSizes::GetSize(), -1);
+        QCOMPARE(MZExportResolutions::Get(0), QSize(-1, -1)); // no throw
+        QCOMPARE(MZExportSizes::Get(0), -1LL);
+        QCOMPARE(MZExportResolutions::Add(QSize(10, 10)), -1);
+        QCOMPARE(MZExportSizes::Add(10), -1);
+        MZExportResolutions::Set(0, QSize(10, 10));
+        MZExportSizes::Remove(0);
         QVERIFY(!QDir(KVTest::HomePath() + "/moved").exists());
         QVERIFY(!QDir(KVTest::HomePath() + "/Library").exists());
     }
@@ -83,6 +92,7 @@ private Q_SLOTS:
             QVERIFY(KVApplication::GetUserDataFolder().startsWith(KVTest::HomePath()));
         }
         QVERIFY(!KVApplication::GetInstance() && KVApplication::GetUserDataFolder().isNull());
+        QCOMPARE(MZExportResolutions::GetSize(), -1);
     }
 
     // The export preset lists have neither init nor release: the application

@@ -18,8 +18,13 @@ public:
     QString GetName() const override { return tr("Sepia"); }
     QImage Apply(const QImage& image) const override
     {
-        QImage result(image.size(), QImage::Format_RGB32);
-        result.fill(qRgb(200, 180, 160)); // a flat sepia tone
+        QImage result = image.convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < result.height(); ++y) {
+            for (int x = 0; x < result.width(); ++x) {
+                const int grey = qGray(result.pixel(x, y));
+                result.setPixel(x, y, qRgb(qMin(255, grey + 40), qMin(255, grey + 20), grey));
+            }
+        }
         return result;
     }
 };

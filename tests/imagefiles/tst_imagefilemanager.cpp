@@ -94,6 +94,11 @@ private Q_SLOTS:
         QCOMPARE(std::exchange(log, {}), QStringList({kAll, kPng, kAll, kPng}));
         QCOMPARE(Manager::GetPluginForRead("png"), third.get());
         QCOMPARE(Manager::GetGroupReadFormats(kPng), QStringList({"png"}));
+        // Without the newest, the older one serves png again; the tables stay.
+        Manager::Unregister(third.get());
+        QCOMPARE(Manager::GetPluginForRead("png"), first.get());
+        Manager::Register(third.get());
+        QCOMPARE(std::exchange(log, {}), QStringList());
         // png still has the third plug-in; jpg goes, and JPEG is left empty.
         Manager::Unregister(first.get());
         QCOMPARE(std::exchange(log, {}),

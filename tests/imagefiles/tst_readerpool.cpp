@@ -123,12 +123,13 @@ private Q_SLOTS:
         const Readers all = AcquireAll("png");
         KVImageFileReader* free = all.first();
         ReleaseAll(all); // the first released is the last lent
-        std::atomic<bool> holdsTheRest{false};
-        std::atomic<bool> givesBack{false};
+        std::atomic<bool> holdsTheRest{false}, go{false}, givesBack{false};
         KVImageFileReader* last = nullptr;
         std::thread borrower([&] {
             const Readers held = AcquireAll("png", kPoolSize - 1);
             holdsTheRest = true;
+            while (!go)
+                QThread::yieldCurrentThread();
             QThread::msleep(100); // the relocation below is waiting by now
             last = Manager::AcquireReader("png");
             givesBack = true;
@@ -136,11 +137,13 @@ private Q_SLOTS:
         });
         while (!holdsTheRest)
             QThread::yieldCurrentThread();
+        // Were this to wait for the pool, the borrower would never go on.
         Manager::ReleaseReader(Manager::CreateReader("png"));
-        QVERIFY(!givesBack);
+        go = true;
         Manager::ReleaseReader(free);
-        QVERIFY(givesBack);
+        const bool waited = givesBack;
         borrower.join();
+        QVERIFY2(waited, "relocation must wait for the lent readers");
         QCOMPARE(last, free);
         QCOMPARE(png->m_readersReleased, 2);
     }

@@ -71,9 +71,12 @@ private Q_SLOTS:
              "readme.txt: the suffix \"txt\" is not \"dylib\"", "general: missing"});
         row("no brush folder, brushes asked for", missing, general, {"8"}, finished,
             "Brush folder is missing");
-        // plugins.ini is the bundle's: an odd value is read as Qt reads it, the file left as it is.
+        // plugins.ini is the bundle's: an odd value is read as Qt reads it, a damaged one
+        // through a repaired copy; the file is left as it is.
         row("plugins.ini with an odd value", brushes, general, {"4"}, imageIO, {},
             "Odd=@Variant(\\0\\0\\0\\v\\0\\0\\0\\x10)\n");
+        row("plugins.ini with a damaged value", brushes, general, {"4"}, imageIO, {},
+            "Key=@Variant(\\0\\0\\0G\\x7f\\xff\\xff\\xff)\n");
     }
 
     void scan()
@@ -106,6 +109,7 @@ private Q_SLOTS:
         QFile ini(bundle.ResourcesPath() + "/plugins.ini");
         QVERIFY(ini.open(QIODevice::ReadOnly));
         QCOMPARE(ini.readAll(), PluginsIni(brush, general) + iniTail);
+        QVERIFY(!QFile::exists(ini.fileName() + ".damaged"));
         QStringList log;
         for (const QString& line : run.log)
             log << LogCapture::WithoutBuildStamp(line);

@@ -4,6 +4,7 @@
 #include <KVRecentManager.h>
 
 #include <QDataStream>
+#include <QSettings>
 #include <QTemporaryDir>
 
 using Manager = KVRecentManager;
@@ -195,6 +196,28 @@ private Q_SLOTS:
                  expectedLimit);
         QCOMPARE(favorites ? manager->GetFavorites() : manager->GetRecents(), Files(expected));
         QCOMPARE(favorites ? manager->GetRecents() : manager->GetFavorites(), QStringList());
+    }
+
+    // Releasing saves both lists and limits (the limits as set); a restart
+    // restores them within range, without missing files or item data.
+    void saveAndRestore()
+    {
+        const QStringList p = Files("p0 p1 missing p2");
+        Session session(Start());
+        session.Run(QString("R %1, R %2, R %3, F %4, r 40, f 3, D %2").arg(p[0], p[1], p[2], p[3]));
+        Manager::ReleaseInstance();
+        QSettings stored(m_user->filePath("user.ini"), QSettings::IniFormat);
+        QCOMPARE(stored.value("RecentLimit").toInt(), 40);
+        QCOMPARE(stored.value("FavoriteLimit").toInt(), 3);
+        QCOMPARE(stored.value("RecentFiles").toByteArray(), Stream(3, Files("missing p1 p0")));
+        QCOMPARE(stored.value("FavoriteFiles").toByteArray(), Stream(1, Files("p2")));
+
+        Session restored(Start());
+        QCOMPARE(restored.m->GetRecentsNumber(), 15);
+        QCOMPARE(restored.m->GetRecents(), Files("p1 p0"));
+        QCOMPARE(restored.m->GetFavorites(), Files("p2"));
+        restored.Run(QString("G %1").arg(p[1]));
+        QCOMPARE(restored.events, QStringList{"Data:none"});
     }
 };
 

@@ -122,8 +122,10 @@ private Q_SLOTS:
                 verb == "add" ? Group::Add(tool) : Group::Remove(tool);
             else if (verb == "del")
                 delete m_tools.take(name);
-            else
+            else if (verb == "rel")
                 Group::ReleaseInstance();
+            else
+                QFAIL(qPrintable("unknown command " + command));
         }
         QCOMPARE(m_log.join(' '), parts[1].trimmed());
         QCOMPARE(State(), parts[2].trimmed());
