@@ -24,9 +24,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("row");
         for (const char* row :
-             {" | | ",
-              "pt.lproj fr.lproj sv.lproj ru.lproj de.lproj en.lproj | | en de ru sv fr pt",
-              "es.lproj EN.lproj de.lproj.old fr | | ", "sv.lproj ru.lproj | de.lproj | ru sv"})
+             {" | | ", "pt.lproj fr.lproj sv.lproj ru.lproj en.lproj EN.lproj es.lproj "
+                       "de.lproj.old | de.lproj | en ru sv fr pt"})
             QTest::newRow(row) << QString(row);
     }
     void construction()
@@ -64,9 +63,7 @@ private Q_SLOTS:
 
         QCOMPARE(run.Value("userDataFolder"),
                  bundle.HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro");
-        QCOMPARE(run.Value("userDataFolderExists"), QString("1"));
-        QCOMPARE(run.Value("userFileExists"), QString("0"));
-        QVERIFY(!QDir("/Library/Application Support/Pelkaro AB").exists());
+        QCOMPARE(run.Value("userDataFolderExists") + run.Value("userFileExists"), QString("10"));
     }
 
     // codes: loaded in order; expected: key=value lines that must be reported;

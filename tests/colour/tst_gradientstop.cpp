@@ -114,8 +114,8 @@ private Q_SLOTS:
         QFETCH(int, model);
         QFETCH(bool, read);
         QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
+        QDataStream(&bytes, QIODevice::WriteOnly)
+            << 0.5 << qint8(model) << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3)
             << quint16(0) << false << false << false;
         QDataStream in(bytes);
         KVGradientStop stop;

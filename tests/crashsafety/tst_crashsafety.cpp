@@ -43,9 +43,9 @@ QString ReadState(const QString& path, const QString& file, int check)
         return QStringLiteral("<unreadable>");
     QSettings settings(copy, QSettings::IniFormat);
     QString state = settings.value("Save/PathOpen").toString();
-    if (file != "user" && !settings.contains("Version")) {
+    if (file != "user" && !settings.contains("Version"))
         state = QStringLiteral("<no version>");
-    } else if (file != "user") {
+    else if (file != "user") {
         QStringList entries;
         settings.beginGroup(file == "sizes" ? "Sizes" : "Resolutions");
         for (int i = 0; settings.contains(QString::number(i)); ++i)

@@ -6,24 +6,10 @@
 #include <KVApplication.h>
 #include <MZExportResolutions.h>
 
-#include <QConicalGradient>
-#include <QDataStream>
-#include <QFont>
-#include <QImage>
-#include <QLinearGradient>
-#include <QPalette>
-#include <QPen>
-#include <QPolygon>
-#include <QRadialGradient>
-#include <QRegion>
-#include <QTextCharFormat>
-
-namespace {
-QString PreferencesFile(const QString& name)
+static QString PreferencesFile(const QString& name)
 {
     return KVTest::HomePath() + "/Library/Preferences/Pelkaro AB/Pelkaro/" + name;
 }
-} // namespace
 
 // Settings and preset files holding values that Qt cannot decode safely
 // (SettingsRows.cpp): such a value costs that value alone, the original file
@@ -101,51 +87,6 @@ private Q_SLOTS:
                          ReadFile(m_user + ".damaged.3"),
                      expected);
         }
-    }
-
-    // Values of each type whose decoding the check follows itself, in a list
-    // ahead of a polygon and last in a map: none is taken for damage, and each
-    // is followed to its exact end, so the polygon's count claiming too much is.
-    void valuesThatQtWrites()
-    {
-        QLinearGradient linear(0, 0, 10, 0);
-        linear.setStops({{0.0, Qt::red}, {1.0, Qt::blue}});
-        QPen pen(QBrush(linear), 2.5);
-        pen.setDashPattern({1.0, 2.0, 3.0, 4.0});
-        QTextCharFormat format;
-        format.setForeground(QBrush(QRadialGradient(5, 5, 3)));
-        QImage image(2, 3, QImage::Format_ARGB32);
-        image.fill(Qt::cyan);
-        QPalette palette;
-        palette.setBrush(QPalette::Window, QBrush(QConicalGradient(1, 2, 30)));
-        const QVariant value = QVariantMap{{"a", QStringList{"x", "y"}},
-                                           {"b", QVariant::fromValue(QByteArrayList{"x", "yz"})},
-                                           {"i", image},
-                                           {"j", QFont("Sans", 9)},
-                                           {"k", QPolygonF(QVector<QPointF>{{1.5, 2}})},
-                                           {"l", pen},
-                                           {"m", palette},
-                                           {"n", QTextFormat(format)},
-                                           {"o", QRegion(0, 0, 10, 10) + QRegion(20, 20, 5, 5)},
-                                           {"p", QDateTime(QDate(2026, 11, 21), QTime(10, 15))}};
-        const QVariantList list{value, QPolygon(QVector<QPoint>{{7, 7}})};
-        const QVariantMap map{{"a", 7}, {"z", value}};
-        QSettings(m_user, QSettings::IniFormat).setValue("Plugin/InList", list);
-        QSettings(m_user, QSettings::IniFormat).setValue("Plugin/InMap", map);
-        KVApplication app(m_argc, m_argv);
-        QCOMPARE(KVApplication::GetUserValue("Plugin/InList"), QVariant(list));
-        QCOMPARE(KVApplication::GetUserValue("Plugin/InMap"), QVariant(map));
-        QVERIFY(!QFile::exists(m_user + ".damaged"));
-
-        QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_0);
-        out << QVariant(list);
-        QByteArray escaped;
-        for (const char byte : bytes.replace(bytes.size() - 12, 4, "\x7f\xff\xff\xff"))
-            escaped += "\\x" + QByteArray::number(uchar(byte), 16);
-        WriteFile(m_user, "[Plugin]\nKey=@Variant(" + escaped + ")\n");
-        QVERIFY(!KVApplication::GetUserValue("Plugin/Key").isValid());
     }
 
     void presetListKeepsWhatItCanRead_data()

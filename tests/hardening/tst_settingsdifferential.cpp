@@ -63,15 +63,11 @@ private Q_SLOTS:
         KVApplication::GetApplicationValue("Any");
         // Whatever the library made of the file, QSettings parses it safely.
         const QStringList keys = QSettings(library, QSettings::IniFormat).allKeys();
-        int compared = 0;
         for (const QString& key : keys) {
             const QByteArray plain = PlainText(original, key);
-            if (plain.isEmpty())
-                continue;
-            QCOMPARE(IniText(KVApplication::GetApplicationValue(key)), plain);
-            ++compared;
+            if (!plain.isEmpty())
+                QCOMPARE(IniText(KVApplication::GetApplicationValue(key)), plain);
         }
-        qInfo("%d of %d keys read by plain QSettings, all alike", compared, int(keys.size()));
         KVApplication::SetDataFolder(KVTest::HomePath());
     }
 };

@@ -20,13 +20,8 @@ MakePlugin(const QStringList& formats, const QList<TestGroup>& groups = {},
            const QStringList& readerUIDs = {QUuid::createUuid().toString()},
            const QStringList& writerUIDs = {QUuid::createUuid().toString()})
 {
-    TestImagePluginConfig config;
-    config.formats = formats;
-    config.groups = groups;
-    config.disabled = disabled;
-    config.readerUIDs = readerUIDs;
-    config.writerUIDs = writerUIDs;
-    return std::make_unique<TestImagePlugin>(config);
+    return std::make_unique<TestImagePlugin>(TestImagePluginConfig{
+        TestImagePluginConfig().uid, formats, disabled, groups, readerUIDs, writerUIDs});
 }
 
 // Logs each path; the path *stopAt stops a batch.
@@ -146,13 +141,10 @@ private Q_SLOTS:
         QVERIFY(!Manager::CreateWriter("gif"));
         QCOMPARE(QPair(plugin->m_readersReleased, plugin->m_writersReleased), QPair(2, 2));
         // Unknown pointers, and readers already destroyed, are ignored.
-        TestImageReader stranger("{x}", {"png"});
+        delete Manager::CreateReader("png");
+        TestImageReader stranger("{x}", {"png"}); // may reuse the address
         Manager::ReleaseReader(&stranger);
         Manager::ReleaseReader(nullptr);
-        delete Manager::CreateReader("png");
-        auto* reused = new TestImageReader("{y}", {"png"}); // may reuse the address
-        Manager::ReleaseReader(reused);
-        delete reused;
         // After unregistering, the plug-in's readers are no longer the manager's.
         KVImageFileReader* orphan = Manager::CreateReader("png");
         Manager::Unregister(plugin.get());

@@ -52,12 +52,15 @@ private:
     TestImagePlugin* AddPlugin(const QStringList& formats, const QStringList& readerFormats = {},
                                bool makesReaders = true)
     {
-        TestImagePluginConfig config;
-        config.formats = formats;
-        config.readerFormats = readerFormats;
-        config.makesReaders = makesReaders;
-        config.readerUIDs = QStringList{QUuid::createUuid().toString()};
-        m_plugins.push_back(std::make_unique<TestImagePlugin>(config));
+        m_plugins.push_back(std::make_unique<TestImagePlugin>(
+            TestImagePluginConfig{TestImagePluginConfig().uid,
+                                  formats,
+                                  {},
+                                  {},
+                                  {QUuid::createUuid().toString()},
+                                  {},
+                                  readerFormats,
+                                  makesReaders}));
         Manager::Register(m_plugins.back().get());
         return m_plugins.back().get();
     }

@@ -122,8 +122,6 @@ private Q_SLOTS:
         QCOMPARE(events.events,
                  QStringList({"loading:" + path, (loads ? "loaded:" : "error:") + path}));
         QCOMPARE(events.errors, loads ? QStringList() : QStringList{info});
-        QCOMPARE(m_app->GetErrorPlugins(),
-                 loads ? std::vector<QString>() : std::vector<QString>{path});
         const QString logged =
             loads ? "loaded successfully. Loading time is T sec."
                   : "loading error. Loading time is T sec. Error message is \"" + info + "\".";

@@ -89,8 +89,10 @@ class RecentManagerTest : public QObject
     }
     QStringList Files(int count) const
     {
-        return Files("p0 p1 p2 p3 p4 p5 p6 p7 p8 p9 p10 p11 p12 p13 p14 p15 p16 p17 p18 p19")
-            .mid(0, count);
+        QStringList paths;
+        for (int i = 0; i < count; ++i)
+            paths << m_files.filePath(QString("p%1").arg(i));
+        return paths;
     }
 
     static Manager* Start()
@@ -161,40 +163,35 @@ private Q_SLOTS:
         QCOMPARE(session.m->IsFavorite("a"), favorites.contains("a"));
     }
 
-    // What the user file may hold (an invalid limit leaves the key out); the
-    // list restores as the first files p0, p1...
+    // What the user file may hold (no limit: the key left out) as "list limit
+    // stream = limit count"; the list restores as the first files p0, p1...
     void restore_data()
     {
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<QVariant>("limit");
+        QTest::addColumn<QString>("row");
         QTest::addColumn<QByteArray>("files");
-        QTest::addColumn<int>("expectedLimit");
-        QTest::addColumn<int>("expected");
         const QByteArray twenty = Stream(20, Files(20)), three = Stream(3, Files(3));
-        QTest::newRow("recents: 40") << "Recent" << QVariant(40) << twenty << 15 << 15;
-        QTest::newRow("favourites: 40") << "Favorite" << QVariant(40) << twenty << 10 << 10;
-        QTest::newRow("negative") << "Recent" << QVariant(-3) << three << 0 << 0;
-        QTest::newRow("beyond int") << "Recent" << QVariant("3000000000") << three << 0 << 0;
+        QTest::newRow("recents: 40") << "Recent 40 = 15 15" << twenty;
+        QTest::newRow("favourites: 40") << "Favorite 40 = 10 10" << twenty;
+        QTest::newRow("negative") << "Recent -3 = 0 0" << three;
+        QTest::newRow("beyond int") << "Recent 3000000000 = 0 0" << three;
         QTest::newRow("missing files use up the count")
-            << "Recent" << QVariant() << Stream(3, Files("p0 missing p1 p2")) << 10 << 2;
-        QTest::newRow("truncated stream") << "Recent" << QVariant() << three.chopped(3) << 10 << 2;
+            << "Recent - = 10 2" << Stream(3, Files("p0 missing p1 p2"));
+        QTest::newRow("truncated stream") << "Recent - = 10 2" << three.chopped(3);
     }
 
     void restore()
     {
-        QFETCH(QString, list);
-        QFETCH(QVariant, limit);
+        QFETCH(QString, row);
         QFETCH(QByteArray, files);
-        QFETCH(int, expectedLimit);
-        QFETCH(int, expected);
-        if (limit.isValid())
-            KVApplication::SetUserValue(list + "Limit", limit);
-        KVApplication::SetUserValue(list + "Files", files);
+        const QStringList w = row.split(' ');
+        if (w[1] != "-")
+            KVApplication::SetUserValue(w[0] + "Limit", w[1]);
+        KVApplication::SetUserValue(w[0] + "Files", files);
         Manager* manager = Start();
-        const bool favorites = list == "Favorite";
+        const bool favorites = w[0] == "Favorite";
         QCOMPARE(favorites ? manager->GetFavoritesNumber() : manager->GetRecentsNumber(),
-                 expectedLimit);
-        QCOMPARE(favorites ? manager->GetFavorites() : manager->GetRecents(), Files(expected));
+                 w[3].toInt());
+        QCOMPARE(favorites ? manager->GetFavorites() : manager->GetRecents(), Files(w[4].toInt()));
         QCOMPARE(favorites ? manager->GetRecents() : manager->GetFavorites(), QStringList());
     }
 

@@ -132,8 +132,7 @@ private Q_SLOTS:
         QVERIFY(!Menus::CreateMenu(Menus::FileMenu, "File") &&
                 !Menus::CreateAction(Menus::FileMenu, 10) &&
                 !Menus::CreateMenu(Menus::FileMenu, 10));
-        Menus::Take(Menus::FileMenu, 10);
-        Menus::Setup(nullptr);
+        Menus::Take(Menus::FileMenu, 10), Menus::Setup(nullptr);
     }
 };
 

@@ -32,7 +32,6 @@ const char* const kSequences[] = {
     "act=1 | E=D I=D A00 B00 C00 D11",
     "act:A imp+:B act:A | A:I1 A:T1 act=1 B:I1 A:I0 B:I0 A:I1 act=1 | E=A I=A A11 B00 C00 D00",
     "imp+:B act:D | B:I1 B:I0 act=1 | E=- I=- A00 B00 C00 D00",
-    "act:A busy:A act:D | A:I1 A:T1 act=1 act=0 | E=A I=A A11 B00 C00 D00",
     "act:A imp+:B busy:B act:D | A:I1 A:T1 act=1 B:I1 A:I0 act=0 | E=A I=B A10 B01 C00 D00",
     "act:A imp+:B set+:D | A:I1 A:T1 act=1 B:I1 A:I0 D:I1 B:I0 D:T1 | E=D I=D A10 B00 C00 D11",
     // A destroyed or removed temporary tool hands back to the selected one.
